@@ -1,0 +1,131 @@
+// The command line of the engine: `quorvane-cli`.
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+
+#include "app/cli/explain_command.h"
+#include "app/cli/find_command.h"
+#include "app/cli/lexicon_commands.h"
+#include "app/cli/output.h"
+#include "base/version.h"
+
+namespace quorvane::cli {
+namespace {
+
+constexpr const char* kFooter =
+    "Pattern characters: ? or - any character, * any number of them (at most two), @ vowel, $ consonant,\n"
+    "' ascender, , descender, : neither, 1 2 3 repeated characters, # ! = the lists of --include,\n"
+    "--exclude and --rack; ~N random words, %Nxx> letter sequences, ;xx letters in order (;xx~ in any).\n"
+    "Exit status: 0 words were found, 1 none, 2 the pattern was refused or something failed.";
+
+void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
+  command->add_option("PATTERN", arguments.pattern, "The pattern, as typed into the window")->required();
+  command->add_option("--type", arguments.typeName, "word, palindrome, anagram or exact")->capture_default_str();
+  command->add_option("--include", arguments.include, "Characters that # stands for (default a-z)");
+  command->add_option("--exclude", arguments.exclude, "Characters that ! does not stand for (default none)");
+  command->add_option("--rack", arguments.rack, "Tiles that = stands for; - and ? are blanks (default none)");
+}
+
+// A word of the command line that begins with "-", is no option of ours and stands in front of any "--".
+bool LooksLikePattern(const std::vector<std::string>& arguments) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  return std::any_of(arguments.begin(), end, [](const std::string& argument) {
+    return argument.size() > 1 && argument[0] == '-' && argument[1] != '-' && argument != "-h" && argument != "-o";
+  });
+}
+
+int Run(int argc, const char* const* argv) {
+  CLI::App app("Lists every word of a lexicon that fits a pattern.", "quorvane-cli");
+  app.footer(kFooter);
+  app.set_version_flag("--version", "quorvane-cli " + VersionText());
+  app.require_subcommand(1);
+
+  FindArguments find;
+  CLI::App* findCommand = app.add_subcommand("find", "List every word that fits, one a line (PATTERN -: each line of "
+                                                     "standard input)");
+  findCommand->footer(kFooter);
+  AddSearchOptions(findCommand, find.search);
+  findCommand->add_option("--lexicon", find.lexicon, "Lexicon file (default: words.lex of the program's directory)");
+  findCommand->add_option("--data-dir", find.dataDir, "The program's directory");
+  findCommand->add_option("--length", find.lengthText, "Word length, N or MIN-MAX, 1 to 60");
+  findCommand->add_option("--sort", find.sortName, "alpha, short or long")->capture_default_str();
+  findCommand->add_flag("--upper", find.upper, "Words in upper case");
+  findCommand->add_flag("--count", find.count, "Print the number of words only");
+  findCommand->add_flag("--time", find.time, "Print the time of the search on standard error");
+  findCommand->add_flag("--json", find.json, "One JSON object a line");
+  findCommand->add_option("--seed", find.seed, "Seed of random words");
+  findCommand->add_option("--save", find.saveFile, "Also write the results file");
+  findCommand->add_option("--save-lexicon", find.saveLexicon, "Also write the words as a lexicon file");
+
+  SearchArguments explain;
+  bool paste = false;
+  CLI::App* explainCommand =
+      app.add_subcommand("explain", "Print what the input check and the preparation make of a pattern, as JSON");
+  AddSearchOptions(explainCommand, explain);
+  explainCommand->add_flag("--paste", paste, "Take the pattern at once instead of character by character");
+
+  std::string statsLexicon;
+  std::string statsDataDir;
+  CLI::App* statsCommand = app.add_subcommand("stats", "Print the lexicon's counts by letter and by length");
+  statsCommand->add_option("--lexicon", statsLexicon, "Lexicon file");
+  statsCommand->add_option("--data-dir", statsDataDir, "The program's directory");
+
+  CLI::App* lexiconCommand = app.add_subcommand("lexicon", "Check and make lexicon files");
+  lexiconCommand->require_subcommand(1);
+  std::string checkFile;
+  bool checkJson = false;
+  CLI::App* checkCommand = lexiconCommand->add_subcommand("check", "Load a lexicon as the program would");
+  checkCommand->add_option("FILE", checkFile, "Lexicon file")->required();
+  checkCommand->add_flag("--json", checkJson, "One JSON object");
+  std::vector<std::string> makeInputs;
+  std::string makeOutput;
+  CLI::App* makeCommand = lexiconCommand->add_subcommand("make", "Make a lexicon of plain word lists");
+  makeCommand->add_option("INPUT", makeInputs, "Word lists")->required();
+  makeCommand->add_option("-o", makeOutput, "The lexicon file to write")->required();
+
+  std::vector<std::string> arguments = SplitEmptyValues(argc, argv);
+  const bool looksLikePattern = LooksLikePattern(arguments);
+  std::reverse(arguments.begin(), arguments.end());
+  try {
+    app.parse(arguments);
+  } catch (const CLI::Success& success) {
+    return app.exit(success);
+  } catch (const CLI::ParseError& error) {
+    app.exit(error);
+    if (looksLikePattern && (findCommand->parsed() || explainCommand->parsed())) {
+      Complain("a pattern that begins with - stands behind --, as in: quorvane-cli find -- -at");
+    }
+    return kFailed;
+  }
+
+  const auto settled = [](auto& settings) {
+    const auto problem = settings.Settle();
+    if (problem) {
+      Complain(*problem);
+    }
+    return !problem;
+  };
+  if (findCommand->parsed()) {
+    return settled(find) ? Find(find) : kFailed;
+  }
+  if (explainCommand->parsed()) {
+    return settled(explain) ? Explain(explain, paste) : kFailed;
+  }
+  if (statsCommand->parsed()) {
+    return ShowStatistics(LexiconPath(statsLexicon, statsDataDir));
+  }
+  return checkCommand->parsed() ? CheckLexicon(checkFile, checkJson) : MakeLexicon(makeInputs, makeOutput);
+}
+
+}  // namespace
+}  // namespace quorvane::cli
+
+int main(int argc, char** argv) {
+  try {
+    return quorvane::cli::Run(argc, argv);
+  } catch (const std::exception& error) {
+    quorvane::cli::Complain(error.what());
+    return quorvane::cli::kFailed;
+  }
+}

@@ -1,0 +1,78 @@
+#include "base/program_directory.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace quorvane {
+namespace fs = std::filesystem;
+namespace {
+
+std::string Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+std::string Absolute(const std::string& directory) {
+  std::error_code error;
+  std::string path = fs::absolute(directory, error).lexically_normal().string();
+  while (path.size() > 1 && path.back() == '/') {
+    path.pop_back();
+  }
+  return path;
+}
+
+FileError ErrorOf(const std::string& path, const std::error_code& code) {
+  return {RunTimeErrorOfErrno(code.value()), path, code.message()};
+}
+
+}  // namespace
+
+ProgramDirectoryInput ProgramDirectoryInputOfProcess(const std::string& dataDir) {
+  std::error_code error;
+  const fs::path executable = fs::read_symlink("/proc/self/exe", error);
+  return {dataDir, Environment("QUORVANE_DIR"), executable.parent_path().string(), Environment("XDG_DATA_HOME"),
+          Environment("HOME")};
+}
+
+ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
+  if (!input.dataDir.empty()) {
+    return {Absolute(input.dataDir), std::nullopt};
+  }
+  if (!input.quorvaneDir.empty()) {
+    return {Absolute(input.quorvaneDir), std::nullopt};
+  }
+  if (!input.executableDirectory.empty() && FileExists(JoinPath(input.executableDirectory, "words.lex"))) {
+    return {Absolute(input.executableDirectory), std::nullopt};
+  }
+  const std::string dataHome =
+      input.xdgDataHome.starts_with('/') ? input.xdgDataHome : JoinPath(input.home, ".local/share");
+  ProgramDirectory directory{Absolute(JoinPath(dataHome, "quorvane")), std::nullopt};
+  std::error_code error;
+  fs::create_directories(directory.path, error);
+  if (error) {
+    directory.problem = ErrorOf(directory.path, error);
+    return directory;
+  }
+  const std::string installed = JoinPath(input.executableDirectory, "../share/quorvane");
+  for (const char* name : {"words.lex", "Quorvane.hlp"}) {
+    const std::string source = JoinPath(installed, name);
+    const std::string target = JoinPath(directory.path, name);
+    if (!FileExists(source) || fs::exists(target, error)) {
+      continue;
+    }
+    // Copied under another name first: a copy that stops half way never counts as the file.
+    const std::string partial = target + ".new";
+    fs::copy_file(source, partial, fs::copy_options::overwrite_existing, error);
+    if (!error) {
+      fs::rename(partial, target, error);
+    }
+    if (error) {
+      directory.problem = ErrorOf(target, error);
+      std::error_code ignored;
+      fs::remove(partial, ignored);
+    }
+  }
+  return directory;
+}
+
+}  // namespace quorvane

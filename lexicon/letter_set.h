@@ -1,0 +1,33 @@
+// The set of a word's letters in 32 bits, the filter of every search.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace quorvane {
+
+// Bit 1 stands for "a" or "A", bit 26 for "z" or "Z"; bit 0 says that something else occurs: such a word is decided by
+// its own characters, never by its set alone.
+using LetterSet = uint32_t;
+
+inline constexpr LetterSet kOtherCharacters = 1u;
+inline constexpr LetterSet kAllLetters = 0x07FFFFFEu;
+
+constexpr LetterSet LetterBit(char c) {
+  return IsLetter(c) ? 1u << (static_cast<unsigned char>(c) & 31u) : kOtherCharacters;
+}
+
+constexpr LetterSet LetterSetOf(std::string_view text) {
+  LetterSet set = 0;
+  for (const char c : text) {
+    set |= LetterBit(c);
+  }
+  return set;
+}
+
+// The same for a word inside a larger block of text of which at least 16 bytes from the last character on may be read.
+LetterSet LetterSetInBlock(const char* word, unsigned length);
+
+}  // namespace quorvane

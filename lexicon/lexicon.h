@@ -1,0 +1,99 @@
+// The lexicon: every word of one file in memory, with what a search looks at first.
+//
+// The file's bytes stand in one block. Per word, numbered from 1 in the file's order, three arrays say where it starts
+// in the block, how long it is and which letters it holds. Entry 0 of each array is an empty word that is never used.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/big_buffer.h"
+#include "base/run_time_error.h"
+#include "lexicon/letter_set.h"
+
+namespace quorvane {
+
+using WordNumber = uint32_t;
+
+inline constexpr int kLexiconCapacity = 2'000'000;
+inline constexpr int kMaxWordLength = 90;      // In characters; a longer line is an error.
+inline constexpr int kLongestLengthOffered = 60;  // What the length lists and the statistics go up to.
+inline constexpr int kFirstInitial = 65;       // Code of "A", the first initial a word may have in upper case.
+inline constexpr int kInitials = 31;           // "A" to "Z" and the five codes after it, "[" to "_".
+inline constexpr const char* kDefaultLexiconName = "words.lex";
+
+class Lexicon {
+ public:
+  // For entry i, the initial with the code 65 + i: the number of the last word before that initial's block.
+  using LetterStart = std::array<int32_t, kInitials>;
+  // The number of words of each length, 0 to 90.
+  using LengthCount = std::array<int32_t, kMaxWordLength + 1>;
+
+  // How many bytes may be read behind the last character of any word.
+  static constexpr size_t kPadding = 192;
+  // How many entries of the arrays may be read behind the last word's.
+  static constexpr size_t kArrayPadding = 64;
+
+  int32_t count() const { return count_; }
+  const LetterStart& letterStart() const { return letterStart_; }
+  const LengthCount& lengthCount() const { return lengthCount_; }
+
+  // The word as read, or as compared (lower case). `number` is 0 (the empty word) to count().
+  std::string_view Word(WordNumber number) const { return {text_.data() + starts_[number], lengths_[number]}; }
+  std::string_view FoldedWord(WordNumber number) const { return {FoldedText() + starts_[number], lengths_[number]}; }
+  LetterSet Letters(WordNumber number) const { return letters_[number]; }
+
+  // The arrays themselves, for the passes that look at every word.
+  const char* Text() const { return text_.data(); }
+  const char* FoldedText() const { return folds_ ? folded_.data() : text_.data(); }
+  const uint32_t* Starts() const { return starts_.data(); }
+  const uint8_t* Lengths() const { return lengths_.data(); }
+  const LetterSet* LetterSets() const { return letters_.data(); }
+
+  // The count divided by 20, rounded down: how many words a scan walks between two reports of its progress.
+  int32_t ProgressStep() const { return count_ / 20; }
+
+ private:
+  friend class LexiconLoader;
+
+  BigBuffer<char> text_;
+  BigBuffer<char> folded_;  // The text in lower case; used only when some character folds.
+  bool folds_ = false;
+  BigBuffer<uint32_t> starts_;
+  BigBuffer<uint8_t> lengths_;
+  BigBuffer<LetterSet> letters_;
+  int32_t count_ = 0;
+  LetterStart letterStart_{};
+  LengthCount lengthCount_{};
+};
+
+enum class LoadOutcome {
+  Ok,
+  Capacity,        // More words than the capacity: usable, with the first words up to the capacity.
+  NotSorted,       // Read to its end, but its initials change 27 times or more.
+  NotSortedError,  // An error while reading, after 27 changes of initial or more.
+  ListError,       // Any other error while reading.
+};
+
+struct LoadResult {
+  LoadOutcome outcome = LoadOutcome::ListError;
+  // Owned by whoever keeps it; null unless the lexicon is usable (Ok and Capacity).
+  std::shared_ptr<const Lexicon> lexicon;
+  RunTimeError error;        // Set for all outcomes but Ok and NotSorted.
+  int32_t count = 0;         // The number of the word at which reading stopped; 0 when the file could not be opened.
+  std::string lastWord;      // The word read last.
+  Lexicon::LetterStart letterStart{};  // As they stood when reading stopped.
+  Lexicon::LengthCount lengthCount{};
+
+  bool Usable() const { return lexicon != nullptr; }
+};
+
+// Reads, indexes and checks the file at `path`. Lines end with CR LF or LF; the last line end may be missing. Of each
+// run of equal initials (letter case apart) the start is kept; more than 26 runs count as unsorted. `capacity` is
+// lowered by tests only.
+LoadResult LoadLexicon(const std::string& path, int32_t capacity = kLexiconCapacity);
+
+}  // namespace quorvane

@@ -1,0 +1,20 @@
+// Names of lexicon files: the rule of a new one and the list of those there are.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane {
+
+inline constexpr std::string_view kLexiconExtension = ".lex";
+inline constexpr std::string_view kLexiconNameCharacters = "abcdefghijklmnopqrstuvwxyz01234567890@#$%_- ";
+
+// The text in lower case without the characters that a lexicon's name may not hold.
+std::string CleanLexiconName(std::string_view typed);
+
+// The files of `directory` whose names end in ".lex", whatever the letter case, in alphabetical order. Names that hold
+// "\" are left out: a stored value that holds one counts as a path.
+std::vector<std::string> LexiconFilesIn(const std::string& directory);
+
+}  // namespace quorvane

@@ -1,0 +1,71 @@
+#include "results/result_list.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "results/sorting.h"
+#include "search/search_texts.h"
+
+namespace quorvane {
+
+std::string WordSequence::Word(size_t i) const {
+  switch (letterCase) {
+    case LetterCase::Lower:
+      return std::string(lexicon->FoldedWord(numbers[i]));
+    case LetterCase::Upper:
+      return UpperText(lexicon->Word(numbers[i]));
+    case LetterCase::AsStored:
+      break;
+  }
+  return std::string(lexicon->Word(numbers[i]));
+}
+
+void ResultList::EndSearch(std::shared_ptr<const Lexicon> lexicon, const ScanOutcome& outcome, bool upperCase) {
+  lexicon_ = std::move(lexicon);
+  listed_ = outcome.listed;
+  truncated_ = outcome.truncated;
+  foundCase_ = copyCase_ = shownCase_ = upperCase ? LetterCase::Upper : LetterCase::AsStored;
+}
+
+void ResultList::Clear() {
+  found_.Clear();
+  listed_ = 0;
+  truncated_ = false;
+  copyIsSorted_ = false;
+  showsCopy_ = false;
+}
+
+void ResultList::Sort(SortOrder order, bool upperCase) {
+  shownCase_ = upperCase ? LetterCase::Upper : LetterCase::Lower;
+  showsCopy_ = order != SortOrder::Alphabetic;
+  if (showsCopy_ && lexicon_ != nullptr) {
+    SortByLength(*lexicon_, found_.Span(), order == SortOrder::LongestFirst, byLength_);
+    copyIsSorted_ = true;
+    copyCase_ = shownCase_;
+  }
+  truncated_ = false;
+  listed_ = found_.size();
+}
+
+int ResultList::LongestFound() const {
+  int longest = 0;
+  for (const WordNumber number : found_.Span()) {
+    longest = std::max(longest, static_cast<int>(lexicon_->Lengths()[number]));
+  }
+  return longest;
+}
+
+WordSequence ResultList::FoundWordsCopy() const {
+  return {lexicon_.get(), copyIsSorted_ ? byLength_.Span() : found_.Span(), copyCase_};
+}
+
+std::string ResultList::Entry(size_t i) const {
+  if (i >= listed_) {
+    return std::string(kTruncatedEntry);
+  }
+  WordSequence shown = showsCopy_ ? FoundWordsCopy() : FoundWords();
+  shown.letterCase = shownCase_;
+  return shown.Word(i);
+}
+
+}  // namespace quorvane

@@ -1,0 +1,71 @@
+// The words found by the last search: what was found, the order of the last length sort, and what the screen shows.
+//
+// A found word is its number in a lexicon that the list keeps alive, plus the letter case it was listed in.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "lexicon/lexicon.h"
+#include "search/emit.h"
+#include "search/scan.h"
+
+namespace quorvane {
+
+enum class LetterCase { AsStored, Lower, Upper };
+enum class SortOrder { Alphabetic, ShortestFirst, LongestFirst };
+
+// A run of found words in one order and one letter case.
+struct WordSequence {
+  const Lexicon* lexicon = nullptr;
+  std::span<const WordNumber> numbers;
+  LetterCase letterCase = LetterCase::AsStored;
+
+  std::string Word(size_t i) const;
+};
+
+class ResultList {
+ public:
+  // What a scan writes into; its memory is kept from search to search.
+  FoundNumbers& BeginSearch() {
+    Clear();
+    return found_;
+  }
+  // The scan is over: the list shows what was found, in the lexicon's case or in upper case.
+  void EndSearch(std::shared_ptr<const Lexicon> lexicon, const ScanOutcome& outcome, bool upperCase);
+  // Nothing found and nothing shown.
+  void Clear();
+
+  // Shows the words in another order, in lower or upper case. A length order is kept for saving.
+  void Sort(SortOrder order, bool upperCase);
+
+  size_t FoundCount() const { return found_.size(); }
+  bool ListTruncated() const { return truncated_; }
+  // The longest found word in characters; 0 for none.
+  int LongestFound() const;
+
+  // All found words: in the order found (`FoundWords`) and in that of the last length sort (`FoundWordsCopy`).
+  WordSequence FoundWords() const { return {lexicon_.get(), found_.Span(), foundCase_}; }
+  WordSequence FoundWordsCopy() const;
+
+  // The screen list: its entries, with a last one that says so when the list was truncated.
+  size_t EntryCount() const { return listed_ + (truncated_ ? 1 : 0); }
+  std::string Entry(size_t i) const;
+
+ private:
+  std::shared_ptr<const Lexicon> lexicon_;
+  FoundNumbers found_;
+  FoundNumbers byLength_;
+  bool copyIsSorted_ = false;  // The copy is `byLength_`; else it equals what was found.
+  LetterCase foundCase_ = LetterCase::AsStored;
+  LetterCase copyCase_ = LetterCase::AsStored;
+  bool showsCopy_ = false;
+  LetterCase shownCase_ = LetterCase::AsStored;
+  size_t listed_ = 0;
+  bool truncated_ = false;
+};
+
+}  // namespace quorvane

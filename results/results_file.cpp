@@ -1,0 +1,81 @@
+#include "results/results_file.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "base/text.h"
+#include "results/summary.h"
+#include "search/match.h"
+
+namespace quorvane {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kStartOfList = "--- START OF LIST ---";
+constexpr std::string_view kEndOfList = "--- END OF LIST ---";
+
+void WriteLine(FileWriter& out, std::string_view text) {
+  out.Write(text);
+  out.Write(kLineEnd);
+}
+
+}  // namespace
+
+std::string WritingStatus(size_t count, const std::string& noun) {
+  return "Writing " + CountedNoun(static_cast<int64_t>(count), noun) + " to file ...";
+}
+
+std::string HeaderLine(const ResultsFileHeader& header) {
+  const std::string found = CountedNoun(static_cast<int64_t>(header.count), header.noun) + " found";
+  if (header.typed.starts_with('%')) {
+    const SequenceParts parts = SplitSequence(header.typed);
+    return found + " (" + header.typed.substr(1, 1) + (parts.orMore ? " or more " : " ") + "of '" + parts.letters +
+           "')";
+  }
+  return header.typed.starts_with('~') ? found : found + " matching the word pattern \"" + header.typed + "\"";
+}
+
+void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lineEnd) {
+  // Words in the case of one of the lexicon's texts are copied 16 characters at a time; each is followed by at least as
+  // many bytes that may be read.
+  const Lexicon* lexicon = words.lexicon;
+  for (const WordNumber number : words.numbers) {
+    const std::string_view word =
+        words.letterCase == LetterCase::Lower ? lexicon->FoldedWord(number) : lexicon->Word(number);
+    char* to = out.Cursor();
+    for (size_t i = 0; i < word.size(); i += 16) {
+      std::memcpy(to + i, word.data() + i, 16);
+    }
+    if (words.letterCase == LetterCase::Upper) {
+      std::transform(to, to + word.size(), to, Upper);
+    }
+    std::memcpy(to + word.size(), lineEnd.data(), lineEnd.size());
+    out.Advance(word.size() + lineEnd.size());
+  }
+}
+
+std::optional<FileError> WriteResultsFile(const std::string& path, const ResultsFileHeader& header,
+                                          const WordSequence& words) {
+  return ReplaceFile(path, [&](FileWriter& out) {
+    WriteLine(out, HeaderLine(header));
+    for (const ListKind kind : kListKinds) {
+      const ListFacts& facts = FactsOf(kind);
+      if (header.typed.find(facts.wildcard) != std::string::npos) {
+        WriteLine(out, std::string(facts.fileLegend) + BracketForm(header.lists.Of(kind)));
+      }
+    }
+    if (header.count < 1) {
+      return;
+    }
+    WriteLine(out, "");
+    WriteLine(out, kStartOfList);
+    WriteWords(out, words, kLineEnd);
+    WriteLine(out, kEndOfList);
+  });
+}
+
+std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const WordSequence& words) {
+  return ReplaceFile(path, [&words](FileWriter& out) { WriteWords(out, words, kLineEnd); });
+}
+
+}  // namespace quorvane

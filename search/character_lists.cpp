@@ -1,0 +1,62 @@
+#include "search/character_lists.h"
+
+#include "base/text.h"
+
+namespace quorvane {
+namespace {
+
+constexpr std::array kFacts = {
+    ListFacts{ListKind::Include, '#', "SelectedChars", false, false, false, "Inclusion",
+              "F2: &Include chars for # ... currently ", "SEL-UPD", "Updated Inc #[", " # stands for ",
+              "# : any of      "},
+    ListFacts{ListKind::Exclude, '!', "ExcludedChars", false, false, true, "Exclusion",
+              "F3: &Exclude chars for ! ... currently ", "EXC-UPD", "Updated Exc ![", " ! stands for ",
+              "! : not any of "},
+    ListFacts{ListKind::Scrabble, '=', "ScrabbleChars", true, true, true, "Scrabble",
+              "F4: &Scrabble chars for = ... currently ", "SCR-UPD", "Updated Scr =[", " = stands for ",
+              "= : max 1 each of "},
+};
+
+constexpr std::string_view kWideScrabbleCaption = "F4: &Scrabble chars for =   ... currently ";
+
+}  // namespace
+
+const ListFacts& FactsOf(ListKind kind) {
+  return kFacts[static_cast<size_t>(kind)];
+}
+
+std::string ListMenuCaption(ListKind kind, std::string_view list, bool wideScrabbleGap) {
+  const bool wide = wideScrabbleGap && kind == ListKind::Scrabble;
+  return std::string(wide ? kWideScrabbleCaption : FactsOf(kind).menuCaption) + BracketForm(list);
+}
+
+std::string ListStatusText(ListKind kind, std::string_view list, bool changed) {
+  return std::string(FactsOf(kind).name) +
+         (changed ? " list is now set to " : " list was unchanged, and remains as ") + BracketForm(list);
+}
+
+std::string BracketForm(std::string_view list) {
+  return "[" + FoldText(list) + "]";
+}
+
+std::string CleanList(ListKind kind, std::string_view typed) {
+  const ListFacts& facts = FactsOf(kind);
+  std::string clean;
+  for (const char c : typed) {
+    const bool allowed = IsLetter(c) || (facts.blankTiles && (c == '?' || c == '-'));
+    if (allowed && (facts.repeats || clean.find(c) == std::string::npos)) {
+      clean += c;
+    }
+  }
+  return clean;
+}
+
+const std::string& CharacterLists::Of(ListKind kind) const {
+  return kind == ListKind::Include ? include : kind == ListKind::Exclude ? exclude : scrabble;
+}
+
+std::string& CharacterLists::Of(ListKind kind) {
+  return const_cast<std::string&>(static_cast<const CharacterLists&>(*this).Of(kind));
+}
+
+}  // namespace quorvane

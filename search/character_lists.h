@@ -1,0 +1,52 @@
+// The three lists of characters that "#", "!" and "=" stand for.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace quorvane {
+
+enum class ListKind { Include, Exclude, Scrabble };
+inline constexpr std::array kListKinds = {ListKind::Include, ListKind::Exclude, ListKind::Scrabble};
+
+// Everything that tells the three lists apart.
+struct ListFacts {
+  ListKind kind;
+  char wildcard;
+  std::string_view settingsKey;    // In the section "Selection".
+  bool blankTiles;                 // "?" and "-" are allowed beside letters.
+  bool repeats;                    // A character may occur more than once.
+  bool mayBeEmpty;
+  std::string_view name;           // "Inclusion", as the status texts begin.
+  std::string_view menuCaption;    // The menu caption before the bracket form.
+  std::string_view logCode;
+  std::string_view logText;        // The log text before the list and its closing "]".
+  std::string_view fileLegend;     // The line of the results file before the bracket form.
+  std::string_view printLegend;    // The line of the printed page before the bracket form.
+};
+const ListFacts& FactsOf(ListKind kind);
+
+inline constexpr std::string_view kEmptyListRefusal = "You must enter at least one character.";
+// At start, when the menu opens and at a search the Scrabble caption has three blanks behind its "=".
+std::string ListMenuCaption(ListKind kind, std::string_view list, bool wideScrabbleGap);
+std::string ListStatusText(ListKind kind, std::string_view list, bool changed);
+
+// "[" + the list in lower case + "]".
+std::string BracketForm(std::string_view list);
+
+// The text without the characters that the list does not allow and, for lists without repeats, without later
+// occurrences of a character (case counts: "aA" holds no repeat).
+std::string CleanList(ListKind kind, std::string_view typed);
+
+// The three lists as stored, letter case and all.
+struct CharacterLists {
+  std::string include;
+  std::string exclude;
+  std::string scrabble;
+
+  const std::string& Of(ListKind kind) const;
+  std::string& Of(ListKind kind);
+};
+
+}  // namespace quorvane

@@ -1,0 +1,192 @@
+#include "search/scan.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "base/text.h"
+#include "search/filter.h"
+#include "search/verify.h"
+
+namespace quorvane {
+namespace {
+
+// Words looked at in one go; the bits of so many words stay in the nearest cache.
+constexpr size_t kChunkBlocks = 1024;
+constexpr size_t kChunkWords = kChunkBlocks * 64;
+
+int NearestEven(double value) {
+  return static_cast<int>(std::nearbyint(value));
+}
+
+class Scan {
+ public:
+  Scan(const Lexicon& lexicon, const ScanRequest& request, FoundNumbers& found, ScanObserver* observer,
+       size_t screenCapacity, bool wasTruncated)
+      : lexicon_(lexicon),
+        request_(request),
+        found_(found),
+        observer_(observer),
+        screenCapacity_(screenCapacity),
+        step_(lexicon.ProgressStep()) {
+    outcome_.truncated = wasTruncated;
+    found_.Clear();
+  }
+
+  ScanOutcome Random(RandomSource& random) {
+    for (int i = 0; i < request_.randomCount; ++i) {
+      const int index = NearestEven(random.NextFraction() * lexicon_.count());
+      AddOne(static_cast<WordNumber>(index));
+    }
+    return Finish();
+  }
+
+  ScanOutcome Blocks() {
+    outcome_.truncated = false;
+    const std::string& pattern = request_.prepared.pattern;
+    const PatternKind kind = request_.prepared.kind;
+    if (kind == PatternKind::Sequence && !SplitSequence(pattern).numeric) {
+      outcome_.errors.push_back({MakeRunTimeError(kErrorTypeMismatch), "", "C"});
+      return Finish();
+    }
+    if (kind == PatternKind::AnagramExact) {
+      if (const auto key = SortedLetters(pattern); key.error) {
+        outcome_.errors.push_back({*key.error, "", "A"});
+        return Finish();
+      }
+    }
+    Verifier verifier(pattern, kind, request_.lists, static_cast<unsigned>(std::max(request_.minLength, 0)),
+                      static_cast<unsigned>(std::max(request_.maxLength, 0)));
+    int pass = 0;
+    for (const char initial : FirstLetters(pattern, kind, request_.lists)) {
+      ++pass;
+      if (initial == '&') {
+        Range(verifier, 0, lexicon_.count());
+        continue;
+      }
+      // Both ends are included: the last word before the block is looked at too.
+      const int entry = static_cast<unsigned char>(initial) - kFirstInitial;
+      if (entry < 0 || entry + 1 >= kInitials) {
+        outcome_.errors.push_back({MakeRunTimeError(kErrorSubscriptOutOfRange), "", std::to_string(pass) + "J"});
+        continue;
+      }
+      const auto& starts = lexicon_.letterStart();
+      Range(verifier, starts[static_cast<size_t>(entry)], starts[static_cast<size_t>(entry) + 1]);
+    }
+    return Finish();
+  }
+
+ private:
+  // The words `from` to `to`, cut where progress is to be reported. Number 0 is no word.
+  void Range(Verifier& verifier, int from, int to) {
+    if (from == 0 && to >= 0) {
+      Report(0);
+    }
+    for (int next = std::max(from, 1); next <= to;) {
+      const int lastOfStep = step_ > 0 ? (next + step_ - 1) / step_ * step_ : to;
+      const int last = std::min({to, lastOfStep, next + static_cast<int>(kChunkWords) - 1});
+      Chunk(verifier, static_cast<WordNumber>(next), static_cast<size_t>(last - next + 1));
+      Report(last);
+      next = last + 1;
+    }
+  }
+
+  void Report(int index) {
+    if (observer_ != nullptr && step_ > 0 && index % step_ == 0) {
+      const double skewed = index / 1000 + index;
+      observer_->Progress(index, static_cast<int>(std::floor(skewed / lexicon_.count() * 100)));
+    }
+  }
+
+  void Chunk(Verifier& verifier, WordNumber first, size_t count) {
+    const size_t blocks = (count + 63) / 64;
+    FilterWords(lexicon_, verifier.Filter(), first, count, bits_.data());
+    verifier.Verify(lexicon_, first, bits_.data(), blocks);
+    // A list that refuses no entry takes the words as they come; palindromes are sorted out before.
+    if (screenCapacity_ == std::numeric_limits<size_t>::max()) {
+      if (request_.palindromes) {
+        KeepPalindromes(lexicon_, first, bits_.data(), blocks);
+      }
+      const size_t before = found_.size();
+      Emit(bits_.data(), blocks, first, found_);
+      DropRepeats(before);
+      return;
+    }
+    FoundNumbers accepted;
+    Emit(bits_.data(), blocks, first, accepted);
+    for (const WordNumber number : accepted.Span()) {
+      AddOne(number);
+    }
+  }
+
+  bool IsPalindrome(WordNumber number) const {
+    uint64_t bit = 1;
+    KeepPalindromes(lexicon_, number, &bit, 1);
+    return bit != 0;
+  }
+
+  bool SameWord(WordNumber a, WordNumber b) const {
+    return lexicon_.Letters(a) == lexicon_.Letters(b) && lexicon_.Word(a) == lexicon_.Word(b);
+  }
+
+  // Of the numbers from `from` on, drops each word that equals the word listed just before it.
+  void DropRepeats(size_t from) {
+    size_t kept = from;
+    const size_t size = found_.size();
+    size_t i = from;
+    for (; i < size && kept < kRepeatCheckLimit; ++i) {
+      const WordNumber number = found_[i];
+      if (kept == 0 || !SameWord(found_[kept - 1], number)) {
+        found_[kept++] = number;
+      }
+    }
+    if (kept != i) {
+      std::copy(&found_[0] + i, &found_[0] + size, &found_[0] + kept);
+      found_.Resize(kept + (size - i));
+    }
+  }
+
+  // One accepted word. Once the screen list has refused an entry, words are counted without further tests.
+  void AddOne(WordNumber number) {
+    if (!outcome_.truncated) {
+      const size_t count = found_.size();
+      const bool repeat = count >= 1 && count < kRepeatCheckLimit && SameWord(found_[count - 1], number);
+      if (repeat || number == 0 || (request_.palindromes && !IsPalindrome(number))) {
+        return;
+      }
+      if (outcome_.listed < screenCapacity_) {
+        ++outcome_.listed;
+      } else {
+        outcome_.truncated = true;
+      }
+    }
+    found_.Add(number);
+  }
+
+  ScanOutcome Finish() {
+    if (screenCapacity_ == std::numeric_limits<size_t>::max() && !outcome_.truncated) {
+      outcome_.listed = found_.size();
+    }
+    return outcome_;
+  }
+
+  const Lexicon& lexicon_;
+  const ScanRequest& request_;
+  FoundNumbers& found_;
+  ScanObserver* const observer_;
+  const size_t screenCapacity_;
+  const int step_;
+  ScanOutcome outcome_;
+  std::vector<uint64_t> bits_ = std::vector<uint64_t>(kChunkBlocks);
+};
+
+}  // namespace
+
+ScanOutcome PerformScan(const Lexicon& lexicon, const ScanRequest& request, FoundNumbers& found,
+                        RandomSource& random, ScanObserver* observer, size_t screenCapacity, bool wasTruncated) {
+  Scan scan(lexicon, request, found, observer, screenCapacity, wasTruncated);
+  return request.prepared.Random() ? scan.Random(random) : scan.Blocks();
+}
+
+}  // namespace quorvane

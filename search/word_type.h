@@ -1,0 +1,29 @@
+// The four search modes.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace quorvane {
+
+enum class WordType { WordList, Palindrome, Anagram, AnagramExact };
+inline constexpr std::array kWordTypes = {WordType::WordList, WordType::Palindrome, WordType::Anagram,
+                                          WordType::AnagramExact};
+
+struct WordTypeFacts {
+  WordType type;
+  std::string_view option;          // The name on the command line.
+  std::string_view noun;            // `WordTypeNoun` while the mode is selected.
+  std::string_view searchCaption;   // Caption of the search button.
+  std::string_view prompt;          // Shown when a search is started with nothing typed.
+};
+
+const WordTypeFacts& FactsOf(WordType type);
+std::optional<WordType> WordTypeOfOption(std::string_view option);
+
+constexpr bool IsAnagram(WordType type) {
+  return type == WordType::Anagram || type == WordType::AnagramExact;
+}
+
+}  // namespace quorvane
