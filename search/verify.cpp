@@ -287,9 +287,11 @@ void Verifier::Plan::MakePositions(std::string_view prefix, std::optional<std::s
       AddCharacter((*middle)[i], std::nullopt, static_cast<uint8_t>(i));
     }
   }
-  // One letter anywhere is what the letter sets say already.
+  // One letter anywhere is what the letter sets say already; characters that match whatever there is, letter or not,
+  // ask for nothing but a length.
   const bool oneLetter = kind == PatternKind::Contains && pattern.size() == 3 && IsLetter(pattern[1]);
-  mode = oneLetter || positions.Trivial() ? Mode::FilterDecides : Mode::Positions;
+  const bool anything = positions.Trivial() && pattern.find_first_not_of("*?123") == std::string::npos;
+  mode = oneLetter || anything ? Mode::FilterDecides : Mode::Positions;
 }
 
 Symbol& Verifier::Plan::SymbolFor(LetterSet letters) {

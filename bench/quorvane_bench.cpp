@@ -1,0 +1,113 @@
+// Load, each kind of search, and sorting, over the lexicon named by QUORVANE_BENCH_LEXICON (make_bench_lexicon makes
+// one).
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "results/result_list.h"
+#include "results/results_file.h"
+#include "search/scan.h"
+
+namespace quorvane {
+namespace {
+
+std::string LexiconPath() {
+  const char* path = std::getenv("QUORVANE_BENCH_LEXICON");
+  return path == nullptr ? "bench.lex" : path;
+}
+
+std::shared_ptr<const Lexicon> TheLexicon() {
+  static const std::shared_ptr<const Lexicon> lexicon = LoadLexicon(LexiconPath()).lexicon;
+  return lexicon;
+}
+
+class NoRandom : public RandomSource {
+ public:
+  double NextFraction() override { return 0.5; }
+};
+
+struct Case {
+  const char* name;
+  const char* text;
+  WordType type = WordType::WordList;
+};
+
+constexpr Case kCases[] = {
+    {"c?t", "c?t"},
+    {"?a?e?", "?a?e?"},
+    {"*ing", "*ing"},
+    {"un*able", "un*able"},
+    {"*ell*", "*ell*"},
+    {"s*t*r", "s*t*r"},
+    {"1221", "1221"},
+    {"@$@$@", "@$@$@"},
+    {"*@$@$@$*", "*@$@$@$*"},
+    {"*q*", "*q*"},
+    {"*e*", "*e*"},
+    {"*", "*"},
+    {"%2ss>", "%2ss>"},
+    {";pnt", ";pnt"},
+    {";tnp~", ";tnp~"},
+    {"anagram listenings", "listenings", WordType::Anagram},
+    {"exact anagram listen", "listen", WordType::AnagramExact},
+    {"palindrome *", "*", WordType::Palindrome},
+    {"====", "===="},
+};
+
+void Load(benchmark::State& state) {
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(LoadLexicon(LexiconPath()));
+  }
+}
+BENCHMARK(Load)->Unit(benchmark::kMillisecond);
+
+void Search(benchmark::State& state, const Case& searched) {
+  const auto lexicon = TheLexicon();
+  if (lexicon == nullptr) {
+    state.SkipWithError("no lexicon: set QUORVANE_BENCH_LEXICON");
+    return;
+  }
+  ScanRequest request;
+  request.prepared = PreparePattern(searched.text, searched.type);
+  request.lists.scrabble = "retains";
+  request.palindromes = searched.type == WordType::Palindrome;
+  FoundNumbers found;
+  NoRandom random;
+  for (auto _ : state) {
+    PerformScan(*lexicon, request, found, random);
+    benchmark::DoNotOptimize(found.Span().data());
+  }
+  state.counters["found"] = static_cast<double>(found.size());
+}
+
+void Sort(benchmark::State& state) {
+  const auto lexicon = TheLexicon();
+  if (lexicon == nullptr) {
+    state.SkipWithError("no lexicon: set QUORVANE_BENCH_LEXICON");
+    return;
+  }
+  ResultList results;
+  NoRandom random;
+  ScanRequest request;
+  request.prepared = PreparePattern("*", WordType::WordList);
+  results.EndSearch(lexicon, PerformScan(*lexicon, request, results.BeginSearch(), random), false);
+  for (auto _ : state) {
+    results.Sort(state.range(0) != 0 ? SortOrder::LongestFirst : SortOrder::ShortestFirst, false);
+  }
+}
+BENCHMARK(Sort)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace quorvane
+
+int main(int argc, char** argv) {
+  for (const auto& searched : quorvane::kCases) {
+    benchmark::RegisterBenchmark((std::string("Search/") + searched.name).c_str(),
+                                 [&searched](benchmark::State& state) { quorvane::Search(state, searched); })
+        ->Unit(benchmark::kMillisecond);
+  }
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
