@@ -1,0 +1,146 @@
+#include "settings/event_log.h"
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+
+namespace quorvane {
+namespace {
+
+constexpr size_t kCodeWidth = 8;
+constexpr size_t kSeparatorWidth = 80;
+constexpr size_t kDateColumn = 9;  // From 0, in an entry.
+constexpr size_t kDateWidth = 8;
+
+// The next field of a file: up to a comma or a line end. Nothing at the end of the file.
+std::optional<std::string> ReadField(std::FILE* file) {
+  std::string field;
+  int c = std::fgetc(file);
+  if (c == EOF) {
+    return std::nullopt;
+  }
+  for (; c != EOF && c != ',' && c != '\n'; c = std::fgetc(file)) {
+    if (c != '\r') {
+      field += static_cast<char>(c);
+    }
+  }
+  return field;
+}
+
+}  // namespace
+
+LocalClock SystemClock() {
+  return [] {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local;
+  };
+}
+
+std::string LogLine(std::string_view code, std::string_view message, const std::tm& time) {
+  std::string line(code.substr(0, kCodeWidth));
+  line.resize(kCodeWidth, ' ');
+  std::array<char, 32> stamp{};
+  std::strftime(stamp.data(), stamp.size(), " %m/%d/%y %H:%M:%S  ", &time);
+  line += stamp.data();
+  line += message;
+  return line;
+}
+
+EventLog::EventLog(std::string path, LocalClock clock, std::function<void(const FileError&)> onFailure)
+    : path_(std::move(path)), clock_(std::move(clock)), onFailure_(std::move(onFailure)) {}
+
+void EventLog::Open() {
+  file_.reset(std::fopen(path_.c_str(), "ab"));
+  if (file_ == nullptr) {
+    Fail(errno);
+  }
+}
+
+void EventLog::Reopen() {
+  const bool wasOpen = IsOpen();
+  // What is still held is written when the file is closed: a full disk shows here.
+  if (wasOpen && std::fclose(file_.release()) != 0) {
+    Fail(errno);
+  }
+  if (wasOpen) {
+    Open();
+  }
+}
+
+void EventLog::Fail(int errnoValue) {
+  if (!failed_) {
+    failed_ = true;
+    onFailure_(FileErrorOfErrno(path_, errnoValue));
+  }
+}
+
+void EventLog::WriteLine(std::string_view line) {
+  if (IsOpen()) {
+    std::fwrite(line.data(), 1, line.size(), file_.get());
+    std::fwrite("\r\n", 1, 2, file_.get());
+  }
+}
+
+void EventLog::Write(std::string_view code, std::string_view message) {
+  if (!on_) {
+    return;
+  }
+  if (code.find(event::kStart) != std::string_view::npos) {
+    WriteLine(std::string(kSeparatorWidth, '='));
+  }
+  WriteLine(LogLine(code, message, clock_()));
+  Reopen();
+}
+
+void EventLog::SwitchOn() {
+  on_ = true;
+  Write(event::kLogActivated, "Logging reactivated");
+}
+
+void EventLog::SwitchOff() {
+  Write(event::kLogDeactivated, "Logging deactivated");
+  std::string separator;
+  while (separator.size() < kSeparatorWidth) {
+    separator += "==--";
+  }
+  WriteLine(separator);
+  Reopen();
+  on_ = false;
+}
+
+std::optional<FileError> EventLog::Clear() {
+  Close();
+  std::error_code error;
+  if (std::filesystem::is_directory(path_, error)) {
+    return FileErrorOfErrno(path_, EISDIR);
+  }
+  std::filesystem::remove(path_, error);
+  if (error) {
+    return FileErrorOfErrno(path_, error.value());
+  }
+  Open();
+  Write(event::kNewLog, "New log file started");
+  return std::nullopt;
+}
+
+std::string EventLog::ClearCaption() {
+  const bool wasOpen = IsOpen();
+  Close();
+  std::string caption = "&Clear log file (empty)";
+  if (const FileHandle reader(std::fopen(path_.c_str(), "rb")); reader != nullptr) {
+    const auto first = ReadField(reader.get());
+    const auto second = first ? ReadField(reader.get()) : std::nullopt;
+    if (second) {
+      const std::string date = second->size() > kDateColumn ? second->substr(kDateColumn, kDateWidth) : "";
+      caption = "&Clear log file (created " + date + ")";
+    }
+  }
+  if (wasOpen) {
+    Open();
+  }
+  return caption;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,26 @@
+// The per-user settings store: text values under (application, section, key).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorvane {
+
+inline constexpr std::string_view kApplicationName = "Quorvane";
+
+class SettingsStore {
+ public:
+  virtual ~SettingsStore() = default;
+  // The stored text, or `defaultValue` when the key is absent. A key that is present but empty is not absent.
+  virtual std::string Get(std::string_view application, std::string_view section, std::string_view key,
+                          std::string_view defaultValue) const = 0;
+  // Creates or replaces the value. Nothing is ever deleted. A store that can't be written keeps the value in memory.
+  virtual void Save(std::string_view application, std::string_view section, std::string_view key,
+                    std::string_view value) = 0;
+
+  // Saves between the two calls reach the disk together, at the second.
+  virtual void BeginBatch() {}
+  virtual void EndBatch() {}
+};
+
+}  // namespace quorvane
