@@ -1,0 +1,473 @@
+// Text helpers, files, the program's directory, numbered errors and the version.
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <random>
+#include <set>
+#include <vector>
+
+#include "base/file.h"
+#include "base/program_directory.h"
+#include "base/text.h"
+#include "base/version.h"
+#include "tests/support/temporary_directory.h"
+
+namespace quorvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The names in a directory, in order: shows what a failed operation left behind.
+std::vector<std::string> NamesIn(const std::string& directory) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(directory)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+using Names = std::vector<std::string>;
+
+// Permissions mean nothing to root: for as long as this lives the process is somebody else.
+class WithoutRoot {
+ public:
+  WithoutRoot() : wasRoot_(geteuid() == 0), isNot_(!wasRoot_ || seteuid(65534) == 0) {}
+  ~WithoutRoot() {
+    if (wasRoot_ && isNot_ && seteuid(0) != 0) {
+      std::abort();
+    }
+  }
+  explicit operator bool() const { return isNot_; }
+
+ private:
+  bool wasRoot_;
+  bool isNot_;
+};
+
+// No file may grow beyond `bytes`: the next best thing to a full disk under a regular file.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &old_);
+    const rlimit lower{bytes, old_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &lower);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  rlimit old_{};
+  void (*handler_)(int);
+};
+
+void WriteNew(FileWriter& out) {
+  out.Write("new");
+}
+
+TEST(Text, FoldsTheLettersOfTheCodePageAndNothingElse) {
+  for (int code = 0; code < 256; ++code) {
+    SCOPED_TRACE(code);
+    const bool upper = (code >= 'A' && code <= 'Z') || (code >= 0xC0 && code <= 0xDE && code != 0xD7);
+    const bool lower = (code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
+    const char c = static_cast<char>(code);
+    EXPECT_EQ(static_cast<unsigned char>(Fold(c)), upper ? code + 32 : code);
+    EXPECT_EQ(static_cast<unsigned char>(Upper(c)), lower ? code - 32 : code);
+    EXPECT_EQ(IsLetter(c), (upper || lower) && code < 128);
+    EXPECT_EQ(FoldText(std::string(3, c)), std::string(3, Fold(c)));
+    EXPECT_EQ(UpperText(std::string(3, c)), std::string(3, Upper(c)));
+  }
+}
+
+TEST(Text, BytesAreReadAsWindows1252) {
+  std::set<char16_t> seen;
+  for (int code = 0; code < 256; ++code) {
+    const char c = static_cast<char>(code);
+    seen.insert(CodePointOf(c));
+    EXPECT_EQ(ByteOf(CodePointOf(c), '\0'), c) << code;
+    if (code < 0x80 || code > 0x9F) {
+      EXPECT_EQ(CodePointOf(c), code);
+    }
+  }
+  EXPECT_EQ(seen.size(), 256u);
+  const struct {
+    const char* bytes;
+    const char* utf8;
+  } cases[] = {
+      {"plain", "plain"},
+      {"caf\xE9", "caf\xC3\xA9"},
+      {"\x80", "\xE2\x82\xAC"},
+      {"\x8A\x9A", "\u0160\u0161"},
+      {"\x93q\x94", "\u201Cq\u201D"},
+      {"\x99\x9F", "\u2122\u0178"},
+      {"\x81\x8D", "\u0081\u008D"},
+      {"\x8F\x90\x9D", "\u008F\u0090\u009D"},
+      {"", ""},
+  };
+  for (const auto& [bytes, utf8] : cases) {
+    EXPECT_EQ(Utf8FromBytes(bytes), utf8);
+  }
+  EXPECT_EQ(ByteOf(0x100), '?');
+  EXPECT_EQ(ByteOf(0x80, '.'), '.') << "the control of that number is not in the code page";
+  EXPECT_EQ(ByteOf(0x1F600, '#'), '#');
+}
+
+TEST(Text, ClassesHoldCharactersAndRanges) {
+  const struct {
+    const char* characterClass;
+    const char* inside;
+    const char* outside;
+  } cases[] = {
+      {"[abc]", "abc", "dA-[]"},
+      {"[a-cx]", "abcx", "dwy-"},
+      {"[!a-c]", "dA-!", "abc"},
+      {"[-a]", "-a", "bc"},
+      {"[a-]", "-a", "b"},
+      {"[]", "", "a-[]!"},
+      {"[!~]", "a*[", "~"},
+      {"[!~bc]", "ad", "~bc"},
+      {"[a!]", "a!", "b"},
+      {"[c-a]", "", "abc-"},
+      {"[ab]c]", "ab", "c]"},
+      {"[\xE0-\xFE]", "\xE9\xE0\xFE", "e\xDF\xFF"},
+      {"[y-\x85]", "z~\x80", "a\x86\xE9"},
+      {"abc", "", "abc"},
+      {"[abc", "", "abc"},
+      {"", "", "a"},
+  };
+  for (const auto& [characterClass, inside, outside] : cases) {
+    for (const char* c = inside; *c != '\0'; ++c) {
+      EXPECT_TRUE(InClass(characterClass, *c)) << characterClass << " " << *c;
+    }
+    for (const char* c = outside; *c != '\0'; ++c) {
+      EXPECT_FALSE(InClass(characterClass, *c)) << characterClass << " " << *c;
+    }
+  }
+}
+
+TEST(Text, Numbers) {
+  const struct {
+    const char* text;
+    int value;  // -1: refused.
+  } cases[] = {{"0", 0},           {"42", 42},  {" 7 ", 7},   {"+3", 3},  {"999999999", 999999999},
+               {"1000000000", -1}, {"", -1},    {"  ", -1},   {"-", -1},  {"1a", -1},
+               {"1 2", -1},        {"1.5", -1}, {"0x10", -1}, {"--1", -1}};
+  for (const auto& [text, value] : cases) {
+    int parsed = 77;
+    EXPECT_EQ(ParseInteger(text, parsed), value >= 0) << text;
+    EXPECT_EQ(parsed, value >= 0 ? value : 77) << text;
+  }
+  int parsed = 0;
+  EXPECT_TRUE(ParseInteger("-12", parsed));
+  EXPECT_EQ(parsed, -12);
+  EXPECT_EQ(FormatThousands(0), "0");
+  EXPECT_EQ(FormatThousands(999), "999");
+  EXPECT_EQ(FormatThousands(1000), "1,000");
+  EXPECT_EQ(FormatThousands(2000000), "2,000,000");
+  EXPECT_EQ(FormatThousands(-123456), "-123,456");
+}
+
+TEST(File, PathsAreJoinedAndResolved) {
+  const struct {
+    const char* directory;
+    const char* value;
+    const char* resolved;
+    bool hasDirectory;
+  } cases[] = {
+      {"/d", "words.lex", "/d/words.lex", false},
+      {"/d/", "words.lex", "/d/words.lex", false},
+      {"/d", "sub/x.lex", "/d/sub/x.lex", true},
+      {"/d", "/abs/x.lex", "/abs/x.lex", true},
+      {"", "x.lex", "x.lex", false},
+      {"/", "x", "/x", false},
+      {"/d", "sub\\x.lex", "/d/sub\\x.lex", true},
+  };
+  for (const auto& [directory, value, resolved, hasDirectory] : cases) {
+    EXPECT_EQ(ResolvePath(directory, value), resolved);
+    EXPECT_EQ(HasDirectory(value), hasDirectory) << value;
+  }
+}
+
+TEST(File, NamesAreFoundWhateverTheirCase) {
+  const TemporaryDirectory directory;
+  directory.Write("WORDS.txt", "old");
+  fs::create_directory(directory.File("sub.lex"));
+  EXPECT_EQ(FindIgnoringCase(directory.path(), "words.TXT"), "WORDS.txt");
+  EXPECT_EQ(FindIgnoringCase(directory.path(), "words"), std::nullopt);
+  EXPECT_EQ(FindIgnoringCase(directory.path(), "SUB.lex"), std::nullopt) << "a directory is no file";
+  EXPECT_EQ(FindIgnoringCase(directory.File("none"), "words.txt"), std::nullopt);
+  directory.Write("words.txt", "exact");
+  EXPECT_EQ(FindIgnoringCase(directory.path(), "words.txt"), "words.txt");
+  EXPECT_FALSE(FileExists(directory.File("sub.lex")));
+}
+
+TEST(File, ReplacesWholeFiles) {
+  const TemporaryDirectory directory;
+  std::mt19937 engine(1);
+  // Pieces around the sizes at which the writer hands on what it holds.
+  std::string expected;
+  std::vector<std::string> pieces;
+  for (const size_t size : {0u, 1u, 32767u, 32768u, 32769u, 262144u, 300000u, 2u, 500u, 700000u, 3u}) {
+    pieces.push_back(std::string(size, static_cast<char>('a' + engine() % 26)));
+    expected += pieces.back();
+  }
+  const auto writePieces = [&pieces](FileWriter& out) {
+    for (const std::string& piece : pieces) {
+      out.Write(piece);
+    }
+  };
+  const std::string path = directory.File("out.txt");
+  EXPECT_FALSE(ReplaceFile(path, writePieces));
+  EXPECT_TRUE(ReadFile(path) == expected);
+  chmod(path.c_str(), 0640);
+  EXPECT_FALSE(ReplaceFile(path, WriteNew));
+  EXPECT_EQ(ReadFile(path), "new");
+  EXPECT_EQ(fs::status(path).permissions(), static_cast<fs::perms>(0640));
+  EXPECT_EQ(NamesIn(directory.path()), Names{"out.txt"});
+
+  // What a broken-off run left is neither used nor in the way.
+  directory.Write("out.txt.new0", "left behind");
+  EXPECT_FALSE(ReplaceFile(path, writePieces));
+  EXPECT_TRUE(ReadFile(path) == expected);
+  EXPECT_EQ(ReadFile(path + ".new0"), "left behind");
+}
+
+TEST(File, ReplacesWhatALinkPointsTo) {
+  const TemporaryDirectory directory;
+  fs::create_directory(directory.File("real"));
+  const std::string target = directory.Write("real/file.txt", "old");
+  fs::create_symlink("real/file.txt", directory.File("link"));
+  fs::create_symlink("link", directory.File("link2"));
+  EXPECT_FALSE(ReplaceFile(directory.File("link2"), WriteNew));
+  EXPECT_EQ(ReadFile(target), "new");
+  EXPECT_TRUE(fs::is_symlink(directory.File("link")));
+  EXPECT_TRUE(fs::is_symlink(directory.File("link2")));
+  EXPECT_EQ(NamesIn(directory.path()), (Names{"link", "link2", "real"}));
+  EXPECT_EQ(NamesIn(directory.File("real")), Names{"file.txt"});
+}
+
+TEST(File, FollowsALinkToAFileThatIsNotThereYet) {
+  const TemporaryDirectory directory;
+  fs::create_directory(directory.File("real"));
+  fs::create_symlink("real/file.txt", directory.File("link"));
+  EXPECT_FALSE(ReplaceFile(directory.File("link"), WriteNew));
+  EXPECT_TRUE(fs::is_symlink(directory.File("link")));
+  EXPECT_EQ(ReadFile(directory.File("real/file.txt")), "new");
+}
+
+TEST(File, AFailureLeavesTheOldFileAndNothingElse) {
+  const TemporaryDirectory directory;
+  const std::string old = directory.Write("old.txt", "old");
+  fs::create_directory(directory.File("folder"));
+  const auto writeMuch = [](FileWriter& out) {
+    for (int i = 0; i < 100; ++i) {
+      out.Write(std::string(10000, 'x'));
+    }
+  };
+  const struct {
+    std::string path;
+    int number;
+    const char* reason;
+  } cases[] = {
+      {directory.File("folder"), kErrorPathFileAccess, "Is a directory"},
+      {directory.File("none/x.txt"), kErrorFileNotFound, "No such file or directory"},
+      {directory.File("old.txt/x.txt"), kErrorPathNotFound, "Not a directory"},
+      {"/dev/full", kErrorDiskFull, "No space left on device"},
+  };
+  for (const auto& [path, number, reason] : cases) {
+    SCOPED_TRACE(path);
+    const auto error = ReplaceFile(path, writeMuch);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->error.number, number);
+    EXPECT_EQ(error->Text(), path + ": " + reason);
+  }
+  for (const std::string& path : {old, directory.File("fresh.txt")}) {
+    std::optional<FileError> error;
+    {
+      const FileSizeLimit limit(300000);
+      error = ReplaceFile(path, writeMuch);
+    }
+    ASSERT_TRUE(error) << path;
+    EXPECT_EQ(error->error.number, kErrorPathFileAccess);
+    EXPECT_EQ(error->reason, "File too large");
+  }
+  EXPECT_EQ(NamesIn(directory.path()), (Names{"folder", "old.txt"}));
+  EXPECT_EQ(ReadFile(old), "old");
+  EXPECT_FALSE(fs::exists("/dev/full.new0"));
+}
+
+TEST(File, WhatMayNotBeWrittenIsNotReplaced) {
+  const TemporaryDirectory directory;
+  const std::string guarded = directory.Write("guarded.txt", "old");
+  const std::string closed = directory.File("closed");
+  fs::create_directory(closed);
+  chmod(directory.path().c_str(), 0777);
+  chmod(guarded.c_str(), 0444);
+  chmod(closed.c_str(), 0555);
+  std::optional<FileError> errors[2];
+  {
+    const WithoutRoot user;
+    if (!user) {
+      GTEST_SKIP() << "runs as root and can't be anyone else";
+    }
+    errors[0] = ReplaceFile(guarded, WriteNew);
+    errors[1] = ReplaceFile(JoinPath(closed, "x.txt"), WriteNew);
+  }
+  for (const auto& error : errors) {
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->error.number, kErrorPermissionDenied);
+    EXPECT_EQ(error->reason, "Permission denied");
+  }
+  EXPECT_EQ(ReadFile(guarded), "old");
+  EXPECT_EQ(NamesIn(directory.path()), (Names{"closed", "guarded.txt"}));
+  EXPECT_EQ(NamesIn(closed), Names{});
+}
+
+// A home, a data directory and an installation with a lexicon and a help file.
+struct Installation {
+  TemporaryDirectory root;
+  ProgramDirectoryInput input{"", "", root.File("app/bin"), root.File("xdg"), root.File("home")};
+
+  Installation() {
+    for (const char* name : {"app/bin", "app/share/quorvane", "xdg", "home", "named", "env"}) {
+      fs::create_directories(root.File(name));
+    }
+    root.Write("app/share/quorvane/words.lex", "installed\r\n");
+    root.Write("app/share/quorvane/Quorvane.hlp", "help");
+  }
+};
+
+TEST(ProgramDirectory, IsTheFirstOfItsPlaces) {
+  const struct {
+    const char* name;
+    bool dataDir, environment, beside, xdg;
+    const char* expected;
+  } cases[] = {
+      {"argument first", true, true, true, true, "named"},
+      {"environment", false, true, true, true, "env"},
+      {"beside the program", false, false, true, true, "app/bin"},
+      {"data home", false, false, false, true, "xdg/quorvane"},
+      {"home", false, false, false, false, "home/.local/share/quorvane"},
+  };
+  for (const auto& [name, dataDir, environment, beside, xdg, expected] : cases) {
+    SCOPED_TRACE(name);
+    Installation here;
+    here.input.dataDir = dataDir ? here.root.File("named/") : "";
+    here.input.quorvaneDir = environment ? here.root.File("env/../env") : "";
+    here.input.xdgDataHome = xdg ? here.input.xdgDataHome : "";
+    if (beside) {
+      here.root.Write("app/bin/words.lex", "beside\r\n");
+    }
+    const ProgramDirectory settled = SettleProgramDirectory(here.input);
+    EXPECT_EQ(settled.path, here.root.File(expected));
+    EXPECT_FALSE(settled.problem);
+    // Only a directory of the last kind is made and filled.
+    const bool fills = !dataDir && !environment && !beside;
+    EXPECT_EQ(NamesIn(here.root.File("xdg")), fills && xdg ? Names{"quorvane"} : Names{});
+    EXPECT_EQ(NamesIn(here.root.File("home")), fills && !xdg ? Names{".local"} : Names{});
+    EXPECT_EQ(NamesIn(here.root.File("named")), Names{});
+    EXPECT_EQ(NamesIn(here.root.File("env")), Names{});
+    if (fills) {
+      EXPECT_EQ(NamesIn(settled.path), (Names{"Quorvane.hlp", "words.lex"}));
+      EXPECT_EQ(ReadFile(JoinPath(settled.path, "words.lex")), "installed\r\n");
+    }
+  }
+}
+
+TEST(ProgramDirectory, RelativePlaces) {
+  Installation here;
+  here.input.xdgDataHome = "relative";
+  EXPECT_EQ(SettleProgramDirectory(here.input).path, here.root.File("home/.local/share/quorvane"))
+      << "a relative data home counts as none";
+  here.input.dataDir = "some/where/";
+  EXPECT_EQ(SettleProgramDirectory(here.input).path, (fs::current_path() / "some/where").string());
+}
+
+TEST(ProgramDirectory, CopiesOnlyWhatIsMissing) {
+  Installation here;
+  const std::string path = SettleProgramDirectory(here.input).path;
+  here.root.Write("xdg/quorvane/words.lex", "mine\r\n");
+  fs::remove(JoinPath(path, "Quorvane.hlp"));
+  EXPECT_FALSE(SettleProgramDirectory(here.input).problem);
+  EXPECT_EQ(ReadFile(JoinPath(path, "words.lex")), "mine\r\n");
+  EXPECT_EQ(ReadFile(JoinPath(path, "Quorvane.hlp")), "help");
+  fs::remove_all(here.root.File("app/share"));
+  fs::remove_all(path);
+  EXPECT_FALSE(SettleProgramDirectory(here.input).problem) << "nothing installed, nothing to copy";
+  EXPECT_EQ(NamesIn(path), Names{});
+}
+
+TEST(ProgramDirectory, SaysWhatCouldNotBeMade) {
+  {
+    Installation here;
+    here.input.xdgDataHome = here.root.Write("xdg/file", "");
+    const ProgramDirectory settled = SettleProgramDirectory(here.input);
+    EXPECT_EQ(settled.path, here.root.File("xdg/file/quorvane")) << "never silently another place";
+    ASSERT_TRUE(settled.problem);
+    EXPECT_EQ(settled.problem->Text(), here.root.File("xdg/file/quorvane") + ": Not a directory");
+  }
+  {
+    Installation here;  // The copy of the lexicon fails, that of the help file does not.
+    fs::create_directories(here.root.File("xdg/quorvane/words.lex.new/full"));
+    const ProgramDirectory settled = SettleProgramDirectory(here.input);
+    ASSERT_TRUE(settled.problem);
+    EXPECT_EQ(settled.problem->path, here.root.File("xdg/quorvane/words.lex"));
+    EXPECT_FALSE(fs::exists(here.root.File("xdg/quorvane/words.lex")));
+    EXPECT_EQ(ReadFile(here.root.File("xdg/quorvane/Quorvane.hlp")), "help");
+  }
+  Installation here;
+  chmod(here.root.path().c_str(), 0755);
+  chmod(here.root.File("xdg").c_str(), 0555);
+  ProgramDirectory settled;
+  {
+    const WithoutRoot user;
+    if (!user) {
+      GTEST_SKIP() << "runs as root and can't be anyone else";
+    }
+    settled = SettleProgramDirectory(here.input);
+  }
+  ASSERT_TRUE(settled.problem);
+  EXPECT_EQ(settled.problem->error.number, kErrorPermissionDenied);
+  EXPECT_EQ(settled.problem->Text(), here.root.File("xdg/quorvane") + ": Permission denied");
+}
+
+TEST(RunTimeErrors, NumbersAndDescriptions) {
+  const struct {
+    int errnoValue;
+    int number;
+    const char* description;
+  } cases[] = {
+      {ENOENT, 53, "File not found"},         {ENOTDIR, 76, "Path not found"},     {EACCES, 70, "Permission denied"},
+      {EROFS, 70, "Permission denied"},       {EIO, 75, "Path/File access error"}, {ENOSPC, 61, "Disk full"},
+      {EISDIR, 75, "Path/File access error"},
+  };
+  for (const auto& [errnoValue, number, description] : cases) {
+    EXPECT_EQ(RunTimeErrorOfErrno(errnoValue).number, number) << description;
+    EXPECT_EQ(RunTimeErrorOfErrno(errnoValue).description, description);
+  }
+  EXPECT_EQ(MakeRunTimeError(5).description, "Invalid procedure call");
+  EXPECT_EQ(MakeRunTimeError(9).description, "Subscript out of range");
+  EXPECT_EQ(MakeRunTimeError(13).description, "Type mismatch");
+  EXPECT_EQ(MakeRunTimeError(62).description, "Input past end of file");
+}
+
+TEST(Version, Texts) {
+  EXPECT_EQ(VersionText(3, 3, 0), "3.3");
+  EXPECT_EQ(VersionText(3, 0, 12), "3.0.12");
+  EXPECT_EQ(VersionText(), "1.0");
+  EXPECT_EQ(BuildDate("Mar  5 2026"), "05 Mar 2026");
+  EXPECT_EQ(BuildDate("Dec 31 2026"), "31 Dec 2026");
+  EXPECT_EQ(BuildDate().size(), 11u);
+}
+
+}  // namespace
+}  // namespace quorvane::test
