@@ -1,0 +1,394 @@
+// Loading, indexing and checking of lexicon files; what is said of each outcome; names of lexicon files.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <random>
+#include <vector>
+
+#include "base/text.h"
+#include "lexicon/lexicon.h"
+#include "lexicon/lexicon_name.h"
+#include "lexicon/load_report.h"
+#include "tests/support/temporary_directory.h"
+
+namespace quorvane {
+
+void PrintTo(LoadOutcome outcome, std::ostream* out) {
+  constexpr const char* kNames[] = {"Ok", "Capacity", "NotSorted", "NotSortedError", "ListError"};
+  *out << kNames[static_cast<int>(outcome)];
+}
+
+namespace test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+LoadResult LoadBytes(std::string_view bytes, int32_t capacity = kLexiconCapacity) {
+  const TemporaryDirectory directory;
+  return LoadLexicon(directory.Write("words.lex", bytes), capacity);
+}
+
+// One word a line for each of the first `runs` initials of A to Z and "[".
+Words Runs(int runs) {
+  Words words;
+  for (int i = 0; i < runs; ++i) {
+    words.push_back(std::string(1, static_cast<char>('A' + i)) + "x");
+  }
+  return words;
+}
+
+Words With(Words words, const std::string& last) {
+  words.push_back(last);
+  return words;
+}
+
+// The load word by word, as a plain reader of lines would do it.
+LoadResult PlainLoad(const Words& lines, int32_t capacity) {
+  LoadResult result;
+  int runs = 0;
+  int previous = '?' + 256;
+  const auto fail = [&] {
+    if (runs >= 27) {
+      result.outcome = LoadOutcome::NotSortedError;
+    } else if (result.count > capacity) {
+      result.outcome = LoadOutcome::Capacity;
+      result.count = capacity;
+    }
+    return result;
+  };
+  for (const std::string& line : lines) {
+    if (++result.count > capacity) {
+      return fail();
+    }
+    result.lastWord = line;
+    if (line.size() > 90) {
+      return fail();
+    }
+    ++result.lengthCount[line.size()];
+    if (line.empty()) {
+      ++runs;
+      return fail();
+    }
+    const int initial = static_cast<unsigned char>(Fold(line[0]));
+    if (initial != previous) {
+      ++runs;
+      const int index = static_cast<unsigned char>(Upper(line[0])) - 65;
+      if (index < 0 || index > 30) {
+        return fail();
+      }
+      result.letterStart[static_cast<size_t>(index)] = result.count - 1;
+      previous = initial;
+    }
+  }
+  result.letterStart[0] = 0;
+  result.letterStart[26] = result.count;
+  for (int index = 26; index >= Upper(lines.front()[0]) - 64; --index) {
+    const auto i = static_cast<size_t>(index);
+    result.letterStart[i] = result.letterStart[i] == 0 ? result.letterStart[i + 1] : result.letterStart[i];
+  }
+  result.outcome = runs <= 26 ? LoadOutcome::Ok : LoadOutcome::NotSorted;
+  return result;
+}
+
+TEST(Lexicon, ReadsEveryLineEnd) {
+  const struct {
+    const char* bytes;
+    Words words;
+  } cases[] = {
+      {"ab\r\ncd\r\n", {"ab", "cd"}},
+      {"ab\ncd\n", {"ab", "cd"}},
+      {"ab\r\ncd", {"ab", "cd"}},
+      {"ab\ncd", {"ab", "cd"}},
+      {"ab\ncd\r\nef\n", {"ab", "cd", "ef"}},
+      {"a", {"a"}},
+      {"a\r\n", {"a"}},
+      {"ab \r\nb\tc\r\n", {"ab ", "b\tc"}},
+      {"Ab\r\ncaf\xE9\r\ncan't\r\n", {"Ab", "caf\xE9", "can't"}},
+      {"[x\r\n\\\r\n]\r\n^^\r\n_\r\n", {"[x", "\\", "]", "^^", "_"}},
+  };
+  for (const auto& [bytes, words] : cases) {
+    SCOPED_TRACE(bytes);
+    const LoadResult loaded = LoadBytes(bytes);
+    ASSERT_EQ(loaded.outcome, LoadOutcome::Ok);
+    ASSERT_EQ(loaded.lexicon->count(), static_cast<int32_t>(words.size()));
+    EXPECT_EQ(loaded.count, loaded.lexicon->count());
+    EXPECT_EQ(loaded.lastWord, words.back());
+    EXPECT_EQ(loaded.lexicon->Word(0), "");
+    for (size_t i = 0; i < words.size(); ++i) {
+      const auto number = static_cast<WordNumber>(i + 1);
+      EXPECT_EQ(loaded.lexicon->Word(number), words[i]);
+      EXPECT_EQ(loaded.lexicon->FoldedWord(number), FoldText(words[i]));
+    }
+  }
+}
+
+TEST(Lexicon, FailuresAreDecidedInOrder) {
+  const std::string longWord(91, 'a');
+  const std::string unsortedBox = "Word list is not sorted alphabetically.  You must sort it or use another list";
+  const std::string problemBox =
+      "There appears to be a problem with the Lexicon file, specifically at the following point:";
+  const struct {
+    const char* name;
+    std::string bytes;
+    int32_t capacity;
+    LoadOutcome outcome;
+    int error;
+    int32_t count;
+    std::string word;
+  } cases[] = {
+      {"empty file", "", 99, LoadOutcome::ListError, 62, 0, ""},
+      {"empty first line", "\r\nab\r\n", 99, LoadOutcome::ListError, 5, 1, ""},
+      {"one line end only", "\n", 99, LoadOutcome::ListError, 5, 1, ""},
+      {"empty line", "ab\r\n\r\ncd\r\n", 99, LoadOutcome::ListError, 5, 2, ""},
+      {"second final line end", "ab\r\n\r\n", 99, LoadOutcome::ListError, 5, 2, ""},
+      {"90 characters", longWord.substr(1) + "\r\n", 99, LoadOutcome::Ok, 0, 1, longWord.substr(1)},
+      {"91 characters", "ab\r\n" + longWord + "\r\nac\r\n", 99, LoadOutcome::ListError, 9, 2, longWord},
+      {"91 characters, no line end", longWord, 99, LoadOutcome::ListError, 9, 1, longWord},
+      {"digit first", "ab\r\n1st\r\nc\r\n", 99, LoadOutcome::ListError, 9, 2, "1st"},
+      {"accent first", "\xE9t\xE9\r\n", 99, LoadOutcome::ListError, 9, 1, "\xE9t\xE9"},
+      {"question mark in the first line", "?\r\n", 99, LoadOutcome::ListError, 9, 1, "?"},
+      {"before A", "@a\r\n", 99, LoadOutcome::ListError, 9, 1, "@a"},
+      {"after the underscore", "z\r\n`a\r\n", 99, LoadOutcome::ListError, 9, 2, "`a"},
+      {"brace", "{\r\n", 99, LoadOutcome::ListError, 9, 1, "{"},
+      {"blank first", "ab\r\n cd\r\n", 99, LoadOutcome::ListError, 9, 2, " cd"},
+      {"26 runs", Lines(Runs(26)), 99, LoadOutcome::Ok, 0, 26, "Zx"},
+      {"27 runs", Lines(Runs(27)), 99, LoadOutcome::NotSorted, 0, 27, "[x"},
+      {"illegal initial as 27th run", Lines(With(Runs(26), "1")), 99, LoadOutcome::NotSortedError, 9, 27, "1"},
+      {"empty line as 27th run", Lines(With(Runs(26), "")), 99, LoadOutcome::NotSortedError, 5, 27, ""},
+      {"long word as 27th run", Lines(With(Runs(26), longWord)), 99, LoadOutcome::ListError, 9, 27, longWord},
+      {"long word after 27 runs", Lines(With(Runs(27), longWord)), 99, LoadOutcome::NotSortedError, 9, 28, longWord},
+      {"illegal initial as 26th run", Lines(With(Runs(25), "1")), 99, LoadOutcome::ListError, 9, 26, "1"},
+      {"as many as fit", "a\r\nb\r\nc\r\nd\r\ne\r\n", 5, LoadOutcome::Ok, 0, 5, "e"},
+      {"one too many", "a\r\nb\r\nc\r\nd\r\ne\r\nf\r\ng\r\n", 5, LoadOutcome::Capacity, 9, 5, "e"},
+      {"empty line past the capacity", "a\nb\nc\nd\ne\n\n", 5, LoadOutcome::Capacity, 9, 5, "e"},
+      {"long word past the capacity", "a\nb\nc\nd\ne\n" + longWord, 5, LoadOutcome::Capacity, 9, 5, "e"},
+      {"illegal initial within the capacity", "a\nb\nc\nd\n1\nf\n", 5, LoadOutcome::ListError, 9, 5, "1"},
+      {"27 runs and the capacity", Lines(With(Runs(27), "[y")), 27, LoadOutcome::NotSortedError, 9, 28, "[x"},
+      {"26 runs and the capacity", Lines(With(Runs(26), "[y")), 26, LoadOutcome::Capacity, 9, 26, "Zx"},
+  };
+  for (const auto& [name, bytes, capacity, outcome, error, count, word] : cases) {
+    SCOPED_TRACE(name);
+    const LoadResult loaded = LoadBytes(bytes, capacity);
+    EXPECT_EQ(loaded.outcome, outcome);
+    EXPECT_EQ(loaded.error.number, error);
+    EXPECT_EQ(loaded.count, count);
+    EXPECT_EQ(loaded.lastWord, word);
+    EXPECT_EQ(loaded.Usable(), outcome == LoadOutcome::Ok || outcome == LoadOutcome::Capacity);
+    const LoadReport report = ReportOf(loaded);
+    const std::string number = std::to_string(count);
+    const std::string err = "Err=" + std::to_string(error);
+    switch (outcome) {
+      case LoadOutcome::Ok:
+        EXPECT_EQ(report.boxText + report.logCode + report.logText, "");
+        break;
+      case LoadOutcome::Capacity:
+        EXPECT_EQ(report.boxText, "Word list exceeds 2,000,000 words.");
+        EXPECT_EQ(report.logCode, "ARRAY_OF");
+        EXPECT_EQ(report.logText,
+                  "Max # of input words in array reached; last word read was '" + word + "', #" + number + ": " + err);
+        break;
+      case LoadOutcome::NotSorted:
+      case LoadOutcome::NotSortedError:
+        EXPECT_EQ(report.boxText, outcome == LoadOutcome::NotSorted
+                                      ? unsortedBox + "."
+                                      : unsortedBox + " before you can use this utility.");
+        EXPECT_EQ(report.logCode, "NOTALPHA");
+        EXPECT_EQ(report.logText, "Word list was not sorted alphabetically");
+        break;
+      case LoadOutcome::ListError:
+        EXPECT_EQ(report.boxText, problemBox);
+        EXPECT_EQ(report.logCode, "LIST_ERR");
+        EXPECT_EQ(report.logText, "Word list error at word #" + number + " (" + word + ").  " + err);
+    }
+  }
+}
+
+TEST(Lexicon, FilesThatCanNotBeReadAreWordZero) {
+  const TemporaryDirectory directory;
+  std::filesystem::create_directory(directory.File("folder.lex"));
+  const std::string closed = directory.Write("closed.lex", "ab\r\n");
+  chmod(closed.c_str(), 0);
+  chmod(directory.path().c_str(), 0755);
+  const struct {
+    std::string path;
+    int error;
+    const char* log;
+  } cases[] = {
+      {directory.File("none.lex"), 53, "Word list error at word #0 ().  Err=53"},
+      {directory.File("closed.lex/x.lex"), 76, "Word list error at word #0 ().  Err=76"},
+      {directory.File("folder.lex"), 75, "Word list error at word #0 ().  Err=75"},
+      {closed, 70, "Word list error at word #0 ().  Err=70"},
+  };
+  for (const auto& [path, error, log] : cases) {
+    SCOPED_TRACE(path);
+    // Permissions mean nothing to root.
+    const bool becameOther = geteuid() == 0 && seteuid(65534) == 0;
+    const bool wasRoot = geteuid() == 0;
+    const LoadResult loaded = LoadLexicon(path);
+    if (becameOther) {
+      ASSERT_EQ(seteuid(0), 0);
+    }
+    if (error == 70 && wasRoot) {
+      continue;
+    }
+    EXPECT_EQ(loaded.outcome, LoadOutcome::ListError);
+    EXPECT_EQ(loaded.error.number, error);
+    EXPECT_EQ(ReportOf(loaded).logText, log);
+    EXPECT_FALSE(loaded.Usable());
+  }
+}
+
+TEST(Lexicon, IndexOfInitials) {
+  const struct {
+    const char* name;
+    Words words;
+    int32_t capacity;
+    std::map<size_t, int32_t> starts;  // What is not named is 0.
+  } cases[] = {
+      {"every block in place", {"a", "B", "b", "C"}, 99, {{1, 1},  {2, 3},  {3, 4},  {4, 4},  {5, 4},  {6, 4},  {7, 4},
+                                                          {8, 4},  {9, 4},  {10, 4}, {11, 4}, {12, 4}, {13, 4}, {14, 4},
+                                                          {15, 4}, {16, 4}, {17, 4}, {18, 4}, {19, 4}, {20, 4}, {21, 4},
+                                                          {22, 4}, {23, 4}, {24, 4}, {25, 4}, {26, 4}}},
+      {"absent letters get empty ranges", {"w", "y"}, 99, {{23, 1}, {24, 1}, {25, 2}, {26, 2}}},
+      {"blocks out of order", {"z", "b"}, 99, {{1, 1}, {26, 2}}},
+      {"the start of A is always 0", {"y", "a", "a", "z"}, 99, {{25, 3}, {26, 4}}},
+      {"a letter in two blocks keeps the later", {"x", "y", "x", "z"}, 99, {{23, 2}, {24, 1}, {25, 3}, {26, 4}}},
+      {"behind Z: the entry of the bracket is the count", {"z", "[c", "_d"}, 99, {{26, 3}, {30, 2}}},
+      {"first word behind Z: nothing is filled", {"\\a", "]b", "z"}, 99, {{25, 2}, {26, 3}, {28, 1}}},
+      {"at the capacity nothing is filled", {"a", "d", "d", "z"}, 3, {{3, 1}}},
+      {"at the capacity the bracket keeps its start", {"y", "[", "z"}, 2, {{26, 1}}},
+  };
+  for (const auto& [name, words, capacity, starts] : cases) {
+    SCOPED_TRACE(name);
+    const LoadResult loaded = LoadBytes(Lines(words), capacity);
+    ASSERT_TRUE(loaded.Usable());
+    EXPECT_EQ(loaded.letterStart, loaded.lexicon->letterStart());
+    for (size_t i = 0; i < static_cast<size_t>(kInitials); ++i) {
+      const auto start = starts.find(i);
+      EXPECT_EQ(loaded.letterStart[i], start == starts.end() ? 0 : start->second) << i;
+    }
+  }
+}
+
+TEST(Lexicon, AgreesWithAPlainReader) {
+  const TemporaryDirectory directory;
+  std::mt19937 engine(7);
+  const auto below = [&engine](size_t limit) { return static_cast<size_t>(engine() % limit); };
+  const std::string initials = "aAbBcdefghijklmnopqrstuvwxyzZ[\\]^_";
+  const std::string inside = "abcdefghijklmnopqrstuvwxyzABZ'- .\xE9\xC9\xD7\xFF\x80";
+  std::map<LoadOutcome, int> outcomes;
+  for (int round = 0; round < 3000; ++round) {
+    Words lines(1 + below(60));
+    for (std::string& line : lines) {
+      line = initials[below(initials.size())];
+      for (size_t more = below(8) == 0 ? below(90) : below(9); more > 0; --more) {
+        line += inside[below(inside.size())];
+      }
+    }
+    std::sort(lines.begin(), lines.end(),
+              [](const std::string& a, const std::string& b) { return FoldText(a) < FoldText(b); });
+    if (below(3) == 0) {
+      std::shuffle(lines.begin(), lines.end(), engine);
+    }
+    if (below(3) == 0) {
+      const Words odd = {"", std::string(91, 'q'), std::string(400, 'a'), "1", "\xE9", "{", "?"};
+      lines[below(lines.size())] = odd[below(odd.size())];
+    }
+    std::string bytes;
+    for (const std::string& line : lines) {
+      bytes += line + (below(2) == 0 ? "\n" : "\r\n");
+    }
+    if (!lines.back().empty() && below(2) == 0) {
+      bytes.resize(bytes.size() - (bytes.ends_with("\r\n") ? 2 : 1));
+    }
+    const int32_t capacity = static_cast<int32_t>(below(2) == 0 ? 1 + below(60) : 60);
+    const LoadResult plain = PlainLoad(lines, capacity);
+    const LoadResult loaded = LoadLexicon(directory.Write("words.lex", bytes), capacity);
+    ASSERT_EQ(loaded.outcome, plain.outcome) << bytes;
+    ASSERT_EQ(loaded.count, plain.count) << bytes;
+    ASSERT_EQ(loaded.lastWord, plain.lastWord) << bytes;
+    ASSERT_EQ(loaded.letterStart, plain.letterStart) << bytes;
+    ASSERT_EQ(loaded.lengthCount, plain.lengthCount) << bytes;
+    ++outcomes[loaded.outcome];
+    if (!loaded.Usable()) {
+      continue;
+    }
+    const Lexicon& lexicon = *loaded.lexicon;
+    ASSERT_EQ(lexicon.count(), plain.count);
+    ASSERT_EQ(lexicon.letterStart(), plain.letterStart);
+    ASSERT_EQ(lexicon.lengthCount(), plain.lengthCount);
+    for (WordNumber number = 1; number <= static_cast<WordNumber>(plain.count); ++number) {
+      ASSERT_EQ(lexicon.Word(number), lines[number - 1]);
+      ASSERT_EQ(lexicon.FoldedWord(number), FoldText(lines[number - 1]));
+      LetterSet letters = 0;
+      for (const char c : lines[number - 1]) {
+        const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+        letters |= letter ? 1u << (Fold(c) - 'a' + 1) : 1u;
+      }
+      ASSERT_EQ(lexicon.Letters(number), letters) << lines[number - 1];
+    }
+  }
+  for (const auto outcome : {LoadOutcome::Ok, LoadOutcome::Capacity, LoadOutcome::NotSorted,
+                             LoadOutcome::NotSortedError, LoadOutcome::ListError}) {
+    EXPECT_GT(outcomes[outcome], 30) << "cases of outcome " << static_cast<int>(outcome);
+  }
+}
+
+TEST(Lexicon, HoldsTwoMillionWords) {
+  const TemporaryDirectory directory;
+  std::string bytes;
+  for (int i = 0; i < 2'000'000; ++i) {
+    bytes += "ab\r\n";
+  }
+  bytes.replace(bytes.size() - 4, 2, "zy");
+  LoadResult loaded = LoadLexicon(directory.Write("words.lex", bytes));
+  EXPECT_EQ(loaded.outcome, LoadOutcome::Ok);
+  EXPECT_EQ(loaded.count, 2'000'000);
+  EXPECT_EQ(loaded.letterStart[26], 2'000'000);
+  EXPECT_EQ(loaded.lexicon->ProgressStep(), 100'000);
+  loaded = LoadLexicon(directory.Write("words.lex", bytes + "zz"));
+  EXPECT_EQ(loaded.outcome, LoadOutcome::Capacity);
+  EXPECT_EQ(loaded.count, 2'000'000);
+  EXPECT_EQ(loaded.lengthCount[2], 2'000'000);
+  ASSERT_TRUE(loaded.Usable());
+  EXPECT_EQ(loaded.lexicon->Word(2'000'000), "zy");
+  EXPECT_EQ(ReportOf(loaded).logText,
+            "Max # of input words in array reached; last word read was 'zy', #2000000: Err=9");
+}
+
+TEST(LexiconName, KeepsWhatANameMayHold) {
+  const struct {
+    const char* typed;
+    const char* clean;
+  } cases[] = {{"My List 2", "my list 2"},
+               {"a/b\\c:d*e?f\"g<h>i|j.k", "abcdefghijk"},
+               {"@#$%_-", "@#$%_-"},
+               {"caf\xE9", "caf"},
+               {"../../etc/passwd", "etcpasswd"},
+               {"a,b;c'd", "abcd"},
+               {"line\r\nbreak\t", "linebreak"},
+               {"", ""}};
+  for (const auto& [typed, clean] : cases) {
+    EXPECT_EQ(CleanLexiconName(typed), clean);
+  }
+}
+
+TEST(LexiconName, ListsTheLexiconsOfADirectory) {
+  const TemporaryDirectory directory;
+  for (const char* name : {"b.lex", "A.LEX", "a.lex", "c.Lex", "words.txt", "x.lex.bak", "odd\\name.lex", "lex"}) {
+    directory.Write(name, "a\r\n");
+  }
+  std::filesystem::create_directory(directory.File("folder.lex"));
+  std::filesystem::create_symlink("b.lex", directory.File("link.lex"));
+  EXPECT_EQ(LexiconFilesIn(directory.path()), (Words{"A.LEX", "a.lex", "b.lex", "c.Lex", "link.lex"}));
+  EXPECT_EQ(LexiconFilesIn(directory.File("none")), Words{});
+}
+
+}  // namespace
+}  // namespace test
+}  // namespace quorvane
