@@ -1,0 +1,158 @@
+// Lexicons made of plain word lists.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <set>
+#include <vector>
+
+#include "lexicon/lexicon.h"
+#include "lexicon/lexicon_maker.h"
+#include "tests/support/temporary_directory.h"
+
+namespace quorvane::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+TEST(LexiconMaker, ReadsWordLists) {
+  const std::string ninety(90, 'x');
+  const struct {
+    const char* name;
+    std::vector<std::string> lists;
+    Words words;
+    int64_t lines;
+    int64_t left[kLeftOutReasons];  // Empty, too long, other characters, repeated.
+  } cases[] = {
+      {"line ends", {"b\na\r\nc"}, {"a", "b", "c"}, 3, {}},
+      {"nothing", {""}, {}, 0, {}},
+      {"case", {"Zoo\nALPHA\nbeta\n"}, {"alpha", "beta", "zoo"}, 3, {}},
+      {"repeats, also by case and across lists", {"cat\nCat\n", "dog\ncat\n"}, {"cat", "dog"}, 4, {0, 0, 0, 2}},
+      {"repeats by accent", {"re\nr\xC3\xA9\n"}, {"re"}, 2, {0, 0, 0, 1}},
+      {"first column", {"one 1\ntwo\t2\nthree,3\nfour;4\nfive, 5;6\n"}, {"five", "four", "one", "three", "two"}, 5, {}},
+      {"nothing in the first column", {" lead\n\n,\n\t\n\r\nword\n"}, {"word"}, 6, {5}},
+      {"byte-order mark",
+       {"\xEF\xBB\xBF"
+        "word\n"},
+       {"word"},
+       1,
+       {}},
+      {"byte-order mark before an accent", {"\xEF\xBB\xBF\xC3\x89t\xC3\xA9\r\n"}, {"ete"}, 1, {}},
+      {"UTF-8", {"\xC3\xA9t\xC3\xA9\nna\xC3\xAFve\n\xC3\x85ngstr\xC3\xB6m\n"}, {"angstrom", "ete", "naive"}, 3, {}},
+      {"Latin-1", {"\xE9t\xE9\nna\xEFve\n\xC5ngstr\xF6m\n"}, {"angstrom", "ete", "naive"}, 3, {}},
+      {"each list has its own encoding", {"\xE9t\xE9\n", "caf\xC3\xA9\n"}, {"cafe", "ete"}, 2, {}},
+      {"letters that become two",
+       {"stra\xC3\x9F"
+        "e\n\xC3\xA6on\n\xC5\x93uvre\n\xC3\x9Eor\n"},
+       {"aeon", "oeuvre", "strasse", "thor"},
+       4,
+       {}},
+      {"letters beyond Latin-1",
+       {"\xC5\x81\xC3\xB3"
+        "d\xC5\xBA\n\xC4\x8D"
+        "as\n\xC5\xBDi\xC5\xBEka\n"},
+       {"cas", "lodz", "zizka"},
+       3,
+       {}},
+      {"accents behind their letters", {"e\xCC\x81te\xCC\x81\n"}, {"ete"}, 1, {}},
+      {"other characters",
+       {"can't\nco-op\nx2\n\xCE\xB1\xCE\xB2\n3\xC3\x97"
+        "4\nab\xE2\x82\xAC\nok\n"},
+       {"ok"},
+       7,
+       {0, 0, 6}},
+      {"other characters in Latin-1",
+       {"a\xD7"
+        "b\na\xF7"
+        "b\na\xA0"
+        "b\na\x9C"
+        "b\n"},
+       {},
+       4,
+       {0, 0, 4}},
+      {"longest word", {ninety + "\n" + ninety + "y\n"}, {ninety}, 2, {0, 1}},
+      {"too long once folded", {std::string(89, 'x') + "\xC3\x9F\n"}, {}, 1, {0, 1}},
+      {"ninety letters of two bytes each",
+       {[] {
+         std::string line;
+         for (int i = 0; i < 90; ++i) {
+           line += "\xC3\xA9";
+         }
+         return line;
+       }()},
+       {std::string(90, 'e')},
+       1,
+       {}},
+  };
+  for (const auto& [name, lists, words, lines, left] : cases) {
+    SCOPED_TRACE(name);
+    LexiconMaker maker;
+    for (const std::string& list : lists) {
+      maker.AddList(list);
+    }
+    EXPECT_EQ(maker.Finish(), words);
+    EXPECT_EQ(maker.LinesRead(), lines);
+    for (const LeftOut reason : {LeftOut::Empty, LeftOut::TooLong, LeftOut::OtherCharacters, LeftOut::Repeated}) {
+      EXPECT_EQ(maker.Left(reason).count, left[static_cast<size_t>(reason)]) << DescriptionOf(reason);
+    }
+  }
+}
+
+TEST(LexiconMaker, GivesTheFirstThreeExamplesOfEachReason) {
+  const std::string tooLong(91, 'a');
+  LexiconMaker maker;
+  maker.AddList("can't 1\nx2\n" + tooLong + "\nco-op\nb\nb\na\nd4\n");
+  maker.AddList("b\na\nc\nc\nc\n");
+  maker.Finish();
+  EXPECT_EQ(maker.Left(LeftOut::OtherCharacters).examples, (Words{"can't", "x2", "co-op"}));
+  EXPECT_EQ(maker.Left(LeftOut::OtherCharacters).count, 4);
+  EXPECT_EQ(maker.Left(LeftOut::TooLong).examples, Words{tooLong});
+  EXPECT_EQ(maker.Left(LeftOut::Repeated).count, 5);
+  EXPECT_EQ(maker.Left(LeftOut::Repeated).examples.size(), 3u);
+}
+
+TEST(LexiconMaker, WhatItWritesLoads) {
+  const TemporaryDirectory directory;
+  std::mt19937 engine(11);
+  const std::string characters = "abcABCxyz\xC3\xA9\xE9'- ,\r1";
+  for (int round = 0; round < 300; ++round) {
+    std::string list;
+    std::set<std::string> kept;  // Words of letters only, the part of the outcome that needs no table.
+    for (int line = 0; line < 40; ++line) {
+      std::string word;
+      for (auto length = engine() % 7; length > 0; --length) {
+        word += characters[engine() % characters.size()];
+      }
+      if (!word.empty() && std::all_of(word.begin(), word.end(), [](char c) { return IsLetter(c); })) {
+        kept.insert(FoldText(word));
+      }
+      list += word + (engine() % 2 == 0 ? "\n" : "\r\n");
+    }
+    LexiconMaker maker;
+    maker.AddList(list);
+    const Words& words = maker.Finish();
+    int64_t left = 0;
+    for (const LeftOut reason : {LeftOut::Empty, LeftOut::TooLong, LeftOut::OtherCharacters, LeftOut::Repeated}) {
+      left += maker.Left(reason).count;
+    }
+    ASSERT_EQ(maker.LinesRead(), static_cast<int64_t>(words.size()) + left);
+    ASSERT_TRUE(std::includes(words.begin(), words.end(), kept.begin(), kept.end())) << list;
+    ASSERT_TRUE(std::adjacent_find(words.begin(), words.end(), std::greater_equal<>()) == words.end()) << list;
+    const std::string path = directory.File("made.lex");
+    ASSERT_FALSE(WriteLexiconFile(path, words));
+    ASSERT_EQ(ReadFile(path), Lines(words));
+    const LoadResult loaded = LoadLexicon(path);
+    ASSERT_EQ(loaded.outcome, words.empty() ? LoadOutcome::ListError : LoadOutcome::Ok);
+    ASSERT_EQ(loaded.count, static_cast<int32_t>(words.size()));
+  }
+}
+
+TEST(LexiconMaker, AFullDiskIsAnError) {
+  const auto error = WriteLexiconFile("/dev/full", {"ab", "cd"});
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Text(), "/dev/full: No space left on device");
+}
+
+}  // namespace
+}  // namespace quorvane::test

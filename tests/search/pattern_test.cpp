@@ -1,0 +1,320 @@
+// The preparation of a typed text, the sets made of it, and the matcher's operations.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "search/match.h"
+#include "search/pattern.h"
+
+namespace quorvane::test {
+namespace {
+
+constexpr const char* kOneAsterisk =
+    "The input word may have just one asterisk, or must be in the format '*xxx*', where xxx is the string lo look for "
+    "within a word.";
+constexpr const char* kAnagramsOnly =
+    "When using the Anagram option, you can input only alphabetic characters; no wildcards are allowed.";
+
+TEST(Pattern, Preparation) {
+  const WordType word = WordType::WordList;
+  const WordType anagram = WordType::Anagram;
+  const WordType exact = WordType::AnagramExact;
+  const struct {
+    const char* text;
+    WordType type;
+    const char* pattern;
+    int kind;  // Of no meaning where the text is refused.
+    const char* box = "";
+    const char* status = "";
+  } cases[] = {
+      {"", word, "", 0},
+      {"A-b?", word, "a?b?", 0},
+      {"-", word, "?", 0},
+      {"@$'123#!,:=", word, "@$'123#!,:=", 0},
+      {"*ing", word, "*ing", 1},
+      {"C*T", WordType::Palindrome, "c*t", 1},
+      {"*", word, "*", 1},
+      {"-*?", word, "?*?", 1},
+      {"*ell*", word, "*ell*", 2},
+      {"*?-*", word, "*??*", 2},
+      {"c*t*", word, "c*t*", 8},
+      {"*c*t", word, "*c*t", 8},
+      {"a*b*c", word, "a*b*c", 8},
+      {"a**", word, "a**", 8},
+      {"**a", word, "**a", 8},
+      {"***", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
+      {"**", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
+      {"*a*b*", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
+      {"LISTEN", anagram, "listen", 9},
+      {"Listen", exact, "listen", 10},
+      {"", anagram, "", 9},
+      {"a=b", anagram, "a=b", 9},
+      {"a=b", exact, "a=b", 10},
+      {"list?n", anagram, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
+      {"a*", exact, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
+      {"a1", exact, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
+      {"*a*b*", anagram, "***", 0, kOneAsterisk, "Please enter a word selection."},
+      {"%2SS>", word, "%2ss>", 11},
+      {"%2ab", anagram, "%2ab", 11},
+      {";PNT~", word, ";pnt~", 13},
+      {";ab", exact, ";ab", 13},
+      {"~12", word, "~12", 0},
+      {"~", word, "~", 0},
+      {"\xC9t\xC9", word, "\xE9t\xE9", 0},
+  };
+  for (const auto& [text, type, pattern, kind, box, status] : cases) {
+    SCOPED_TRACE(text);
+    const PreparedPattern prepared = PreparePattern(text, type);
+    EXPECT_EQ(prepared.pattern, pattern);
+    EXPECT_EQ(prepared.Refused(), *box != '\0');
+    if (!prepared.Refused()) {
+      EXPECT_EQ(static_cast<int>(prepared.kind), kind);
+    }
+    EXPECT_EQ(prepared.boxText, box);
+    EXPECT_EQ(prepared.statusText, status);
+    EXPECT_EQ(prepared.Random(), *text == '~');
+  }
+}
+
+TEST(Pattern, SortedLetters) {
+  EXPECT_EQ(SortedLetters("dog").letters, "ogd");
+  EXPECT_EQ(SortedLetters("aab").letters, "baa");
+  EXPECT_EQ(SortedLetters("").letters, "");
+  EXPECT_EQ(SortedLetters("a\xE9=z").letters, "\xE9za=") << "by character code, without a sign";
+  EXPECT_EQ(SortLetters("b\xE9"
+                        "ab="),
+            "=abb\xE9");
+  EXPECT_EQ(SortedLetters(std::string(60, 'a')).letters, std::string(60, 'a'));
+  const SortedLettersResult tooLong = SortedLetters(std::string(61, 'a'));
+  ASSERT_TRUE(tooLong.error);
+  EXPECT_EQ(tooLong.error->number, 9);
+  EXPECT_EQ(tooLong.error->description, "Subscript out of range");
+}
+
+TEST(Pattern, SortedLists) {
+  const struct {
+    std::string text;
+    const char* sorted;
+  } cases[] = {
+      {"banana", "abn"},
+      {"[banana]", "abn"},
+      {"[]", ""},
+      {"", ""},
+      {"[a?-b]", "-?ab"},
+      {"tea", "aet"},
+      {"aAbB", "ABab"},
+      {"a=b", "=ab"},
+      {"[b", "[b"},
+      {"[", "["},
+      {std::string(60, 'z') + "a", "z"},
+      {"[" + std::string(59, 'z') + "ab]", "az"},
+  };
+  for (const auto& [text, sorted] : cases) {
+    EXPECT_EQ(SortList(text), sorted) << text;
+  }
+}
+
+TEST(Pattern, FirstLetters) {
+  const CharacterLists lists{"qaZ", "xyz", "tEa"};
+  const CharacterLists blank{"", "", "c?b"};
+  const CharacterLists dash{"m", "", "c-b"};
+  const CharacterLists none;
+  const WordType word = WordType::WordList;
+  const struct {
+    const char* text;
+    WordType type;
+    const CharacterLists& lists;
+    const char* letters;
+  } cases[] = {
+      {"c?t", word, none, "C"},
+      {"Cat*", word, none, "C"},
+      {"*ing", word, none, "&"},
+      {"?at", word, none, "&"},
+      {"-at", word, none, "&"},
+      {"1221", word, none, "&"},
+      {"!at", word, lists, "&"},
+      {"%2ss", word, none, "&"},
+      {";abc", word, none, "&"},
+      {"\xE9t", word, none, "&"},
+      {"@b", word, none, "AEIOU"},
+      {"$b", word, none, "BCDFGHJKLMNPQRSTVWXYZ"},
+      {"'b", word, none, "BDFHKLT"},
+      {",b", word, none, "GJPQY"},
+      {":b", word, none, "ACEIMNORSUVWXZ"},
+      {"#b", word, lists, "AQZ"},
+      {"#b", word, none, ""},
+      {"#b", word, dash, "M"},
+      {"=b", word, lists, "AET"},
+      {"=b", word, none, ""},
+      {"=b", word, blank, "&"},
+      {"=b", word, dash, "&"},
+      {"#*", word, lists, "AQZ"},
+      {"tea", WordType::Palindrome, none, "T"},
+      {"tease", WordType::Anagram, none, "AEST"},
+      {"Tease", WordType::AnagramExact, none, "AEST"},
+      {"=ab", WordType::Anagram, lists, "AET"},
+      {"a=b", WordType::Anagram, lists, "=AB"},
+      {";ab", WordType::Anagram, none, "&"},
+  };
+  for (const auto& [text, type, charLists, letters] : cases) {
+    const PreparedPattern prepared = PreparePattern(text, type);
+    EXPECT_EQ(FirstLetters(prepared.pattern, prepared.kind, charLists), letters) << text;
+  }
+}
+
+bool Matches(std::string_view pattern, std::string_view word, const CharacterLists& lists) {
+  Matcher matcher(lists);
+  EXPECT_EQ(pattern.size(), word.size());
+  for (size_t i = 0; i < pattern.size(); ++i) {
+    matcher.MatchChar(pattern[i], word[i]);
+  }
+  return matcher.MatchFlag();
+}
+
+TEST(Matcher, OneCharacterClasses) {
+  const CharacterLists lists{"aQ", "xY", ""};
+  const CharacterLists none;
+  const struct {
+    char pattern;
+    const CharacterLists& lists;
+    std::string matched;  // Of all 256 characters...
+    bool inverted;        // ...or all but these.
+  } cases[] = {
+      {'a', none, "a", false},      {'z', none, "z", false},
+      {'?', none, "", true},        {'@', none, "aeiou@", false},
+      {'$', none, "aeiou", true},   {'\'', none, "bdfhklt'", false},
+      {',', none, "gjpqy,", false}, {':', none, "aceimnorsuvwxz:", false},
+      {'#', lists, "aq#", false},   {'#', none, "#", false},
+      {'!', lists, "xy~", true},    {'!', none, "~", true},
+      {'1', none, "", true},        {'=', none, "=", false},
+      {'*', none, "*", false},
+  };
+  for (const auto& [pattern, charLists, matched, inverted] : cases) {
+    for (int code = 0; code < 256; ++code) {
+      const char c = static_cast<char>(code);
+      const bool named = matched.find(c) != std::string::npos;
+      EXPECT_EQ(Matches({&pattern, 1}, {&c, 1}, charLists), named != inverted) << pattern << " against " << code;
+    }
+  }
+}
+
+TEST(Matcher, DigitsAndTiles) {
+  const struct {
+    const char* pattern;
+    const char* word;
+    const char* rack;
+    bool matches;
+  } cases[] = {
+      {"1221", "abba", "", true},
+      {"1221", "abca", "", false},
+      {"1221", "aaaa", "", true},
+      {"123", "aba", "", true},
+      {"1a1", "bab", "", true},
+      {"1a1", "aab", "", false},
+      {"112233", "aabbcc", "", true},
+      {"1?1", "a1a", "", true},
+      {"11", "a1", "", true} /* a digit also stands for itself */,
+      {"22", "2b", "", false},
+      {"===", "abc", "ab?", true},
+      {"===", "cab", "ab-", true},
+      {"====", "abcd", "ab?", false},
+      {"==", "aa", "aab", true},
+      {"==", "aa", "ab", false},
+      {"=a=", "bab", "bB", true},
+      {"===", "xyz", "-?-", true},
+      {"===", "xyz", "?-", false},
+      {"==", "ax", "a?", true},
+      {"==", "xa", "a?", true},
+      {"===", "aax", "a?", false},
+      {"=", "?", "a", false},
+      {"==", "-a", "a-", true},
+      {"==", "==", "", true} /* a tile sign matches itself and takes none */,
+      {"==", "a[", "a", false},
+      {"==", "a]", "a", false},
+  };
+  for (const auto& [pattern, word, rack, matches] : cases) {
+    EXPECT_EQ(Matches(pattern, word, {"", "", rack}), matches) << pattern << " " << word << " " << rack;
+  }
+}
+
+TEST(Matcher, StartsEachWordAnew) {
+  Matcher matcher({"", "", "a"});
+  matcher.MatchChar('=', 'a');
+  matcher.MatchChar('1', 'x');
+  EXPECT_TRUE(matcher.MatchFlag());
+  matcher.MatchChar('1', 'y');
+  EXPECT_FALSE(matcher.MatchFlag());
+  matcher.MatchChar('y', 'y');
+  EXPECT_FALSE(matcher.MatchFlag()) << "a match never raises the flag";
+  matcher.StartWord();
+  matcher.MatchChar('=', 'a');
+  matcher.MatchChar('1', 'y');
+  EXPECT_TRUE(matcher.MatchFlag());
+}
+
+TEST(Matcher, ContainsAll) {
+  const struct {
+    const char* a;
+    const char* b;
+    bool result;
+  } cases[] = {{"aab", "banana", true},
+               {"aaaa", "banana", false},
+               {"", "x", true},
+               {"a", "", false},
+               {"tee", "tea", false},
+               {"tea", "tea", true},
+               {"a*", "aab", true} /* a used one is a "*" */,
+               {"*", "abc", false}};
+  for (const auto& [a, b, result] : cases) {
+    EXPECT_EQ(ContainsAll(a, b), result) << a << " in " << b;
+  }
+}
+
+TEST(Matcher, ContainsAllComparesCounts) {
+  std::mt19937 engine(3);
+  for (int round = 0; round < 3000; ++round) {
+    std::string texts[2];
+    for (std::string& text : texts) {
+      for (auto length = engine() % 8; length > 0; --length) {
+        text += static_cast<char>('a' + engine() % 3);
+      }
+    }
+    std::string sorted[2] = {SortLetters(texts[0]), SortLetters(texts[1])};
+    ASSERT_EQ(ContainsAll(texts[0], texts[1]),
+              std::includes(sorted[1].begin(), sorted[1].end(), sorted[0].begin(), sorted[0].end()))
+        << texts[0] << " in " << texts[1];
+  }
+}
+
+TEST(Matcher, FindLettersInOrder) {
+  const struct {
+    const char* word;
+    const char* letters;
+    bool result;
+    const char* left;  // Of the letters.
+  } cases[] = {
+      {"planet", "pnt", true, "&&&"},
+      {"planet", "tnp", false, "&np"},
+      {"planet", "tnp~", true, "&&&"},
+      {"planet", "", true, ""},
+      {"banana", "aaa", true, "&&&"},
+      {"banana", "aaaa", false, "&&&a"},
+      {"banana", "aaan~", true, "&&&&"},
+      {"banana", "nnn~", false, "&&n"},
+      {"", "a", false, "a"},
+      {"abc", "xc", false, "x&"},
+      {"aa", "aa", true, "&&"},
+      {"ab", "ba", false, "&a"},
+      {"pit", "~", true, ""},
+  };
+  for (const auto& [word, letters, result, left] : cases) {
+    std::string used = letters;
+    EXPECT_EQ(FindLettersInOrder(word, used), result) << word << " " << letters;
+    EXPECT_EQ(used, left) << word << " " << letters;
+  }
+}
+
+}  // namespace
+}  // namespace quorvane::test
