@@ -102,17 +102,15 @@ TEST(Text, BytesAreReadAsWindows1252) {
   const struct {
     const char* bytes;
     const char* utf8;
-  } cases[] = {
-      {"plain", "plain"},
-      {"caf\xE9", "caf\xC3\xA9"},
-      {"\x80", "\xE2\x82\xAC"},
-      {"\x8A\x9A", "\u0160\u0161"},
-      {"\x93q\x94", "\u201Cq\u201D"},
-      {"\x99\x9F", "\u2122\u0178"},
-      {"\x81\x8D", "\u0081\u008D"},
-      {"\x8F\x90\x9D", "\u008F\u0090\u009D"},
-      {"", ""},
-  };
+  } cases[] = {{"plain", "plain"},
+               {"caf\xE9", "caf\xC3\xA9"},
+               {"\x80", "\xE2\x82\xAC"},
+               {"\x8A\x9A", "\u0160\u0161"},
+               {"\x93q\x94", "\u201Cq\u201D"},
+               {"\x99\x9F", "\u2122\u0178"},
+               {"\x81\x8D", "\u0081\u008D"},
+               {"\x8F\x90\x9D", "\u008F\u0090\u009D"},
+               {"", ""}};
   for (const auto& [bytes, utf8] : cases) {
     EXPECT_EQ(Utf8FromBytes(bytes), utf8);
   }
@@ -126,24 +124,22 @@ TEST(Text, ClassesHoldCharactersAndRanges) {
     const char* characterClass;
     const char* inside;
     const char* outside;
-  } cases[] = {
-      {"[abc]", "abc", "dA-[]"},
-      {"[a-cx]", "abcx", "dwy-"},
-      {"[!a-c]", "dA-!", "abc"},
-      {"[-a]", "-a", "bc"},
-      {"[a-]", "-a", "b"},
-      {"[]", "", "a-[]!"},
-      {"[!~]", "a*[", "~"},
-      {"[!~bc]", "ad", "~bc"},
-      {"[a!]", "a!", "b"},
-      {"[c-a]", "", "abc-"},
-      {"[ab]c]", "ab", "c]"},
-      {"[\xE0-\xFE]", "\xE9\xE0\xFE", "e\xDF\xFF"},
-      {"[y-\x85]", "z~\x80", "a\x86\xE9"},
-      {"abc", "", "abc"},
-      {"[abc", "", "abc"},
-      {"", "", "a"},
-  };
+  } cases[] = {{"[abc]", "abc", "dA-[]"},
+               {"[a-cx]", "abcx", "dwy-"},
+               {"[!a-c]", "dA-!", "abc"},
+               {"[-a]", "-a", "bc"},
+               {"[a-]", "-a", "b"},
+               {"[]", "", "a-[]!"},
+               {"[!~]", "a*[", "~"},
+               {"[!~bc]", "ad", "~bc"},
+               {"[a!]", "a!", "b"},
+               {"[c-a]", "", "abc-"},
+               {"[ab]c]", "ab", "c]"},
+               {"[\xE0-\xFE]", "\xE9\xE0\xFE", "e\xDF\xFF"},
+               {"[y-\x85]", "z~\x80", "a\x86\xE9"},
+               {"abc", "", "abc"},
+               {"[abc", "", "abc"},
+               {"", "", "a"}};
   for (const auto& [characterClass, inside, outside] : cases) {
     for (const char* c = inside; *c != '\0'; ++c) {
       EXPECT_TRUE(InClass(characterClass, *c)) << characterClass << " " << *c;
@@ -182,15 +178,13 @@ TEST(File, PathsAreJoinedAndResolved) {
     const char* value;
     const char* resolved;
     bool hasDirectory;
-  } cases[] = {
-      {"/d", "words.lex", "/d/words.lex", false},
-      {"/d/", "words.lex", "/d/words.lex", false},
-      {"/d", "sub/x.lex", "/d/sub/x.lex", true},
-      {"/d", "/abs/x.lex", "/abs/x.lex", true},
-      {"", "x.lex", "x.lex", false},
-      {"/", "x", "/x", false},
-      {"/d", "sub\\x.lex", "/d/sub\\x.lex", true},
-  };
+  } cases[] = {{"/d", "words.lex", "/d/words.lex", false},
+               {"/d/", "words.lex", "/d/words.lex", false},
+               {"/d", "sub/x.lex", "/d/sub/x.lex", true},
+               {"/d", "/abs/x.lex", "/abs/x.lex", true},
+               {"", "x.lex", "x.lex", false},
+               {"/", "x", "/x", false},
+               {"/d", "sub\\x.lex", "/d/sub\\x.lex", true}};
   for (const auto& [directory, value, resolved, hasDirectory] : cases) {
     EXPECT_EQ(ResolvePath(directory, value), resolved);
     EXPECT_EQ(HasDirectory(value), hasDirectory) << value;

@@ -1,0 +1,457 @@
+// The check of the typed text: typed key by key, pasted, and checked again.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <regex>
+
+#include "search/input_check.h"
+
+namespace quorvane::test {
+namespace {
+
+enum class How { Typed, Pasted };
+constexpr How kTyped = How::Typed;
+constexpr How kPasted = How::Pasted;
+constexpr WordType kWord = WordType::WordList;
+constexpr WordType kPalindrome = WordType::Palindrome;
+constexpr WordType kAnagram = WordType::Anagram;
+constexpr WordType kExact = WordType::AnagramExact;
+
+// Status texts that stand in many rows.
+constexpr const char* kRandomHelp = "'~' allows display of random words - specify a number [default 1]";
+constexpr const char* kNumberHelp = "'%' allows selection on sequences - enter a number";
+constexpr const char* kLettersHelp = "Enter up to 8 letters, followed by an optional '>'";
+constexpr const char* kMoreThan2 = "Add more letters or an optional '>' (specifies 2 or more)";
+constexpr const char* kChoiceHelp = "';' allows selection of letter(s) in a word";
+constexpr const char* kInOrder = "Letters will be found in order typed unless you add '~' at the end";
+constexpr const char* kAnyOrder = "Letters will be searched in any order";
+constexpr const char* kThirdAsterisk = "A maximum of two asterisks may be entered";
+constexpr const char* kAdjacent = "Can't enter two asterisks next to each other";
+constexpr const char* kNoTiles = "There are no characters defined in the 'Scrabble' string";
+constexpr const char* kCancelled = "Anagram option cancelled due to wildcard input; enter word selection";
+
+// A pattern box with its controls, as a person sees them.
+struct Box {
+  InputState state;
+  CharacterLists lists;
+  std::string status;
+  int beeps = 0;
+  std::vector<std::string> logTexts;
+
+  Box(WordType type, CharacterLists characterLists) : lists(std::move(characterLists)) { SelectWordType(state, type); }
+
+  void Change(const std::string& text, size_t caret) {
+    state.text = text;
+    state.caret = caret;
+    const InputMessages messages = CheckInput(state, lists);
+    EXPECT_FALSE(messages.error);
+    status = messages.statusTexts.empty() ? status : messages.LastStatus();
+    beeps += messages.beeps;
+    logTexts.insert(logTexts.end(), messages.logTexts.begin(), messages.logTexts.end());
+  }
+
+  void Enter(How how, const std::string& text) {
+    if (how == kPasted) {
+      Change(text, text.size());
+      return;
+    }
+    for (const char c : text) {
+      std::string typed = state.text;
+      typed.insert(state.caret, 1, c);
+      Change(typed, state.caret + 1);
+    }
+  }
+
+  // What may be used: search, anagrams, palindrome, save as lexicon.
+  std::string Allowed() const {
+    return std::string() + (state.canSearch ? 'S' : '-') + (state.anagrams ? 'A' : '-') +
+           (state.palindrome ? 'P' : '-') + (state.saveAsLexicon ? 'L' : '-');
+  }
+};
+
+struct Case {
+  How how;
+  const char* input;
+  const char* text;
+  const char* letters;
+  const char* status;
+  const char* allowed = "SAPL";  // Search, anagrams, palindrome, save as lexicon.
+  int beeps = 0;
+  WordType type = kWord;
+  WordType selected = kWord;
+  const char* rack = "";
+};
+
+void Try(const Case& row, int kind, std::string_view noun) {
+  SCOPED_TRACE(std::string(row.how == kTyped ? "typed " : "pasted ") + row.input);
+  Box box(row.type, {"aBc", "", row.rack});
+  box.Enter(row.how, row.input);
+  EXPECT_EQ(box.state.text, row.text);
+  EXPECT_EQ(box.state.letters, row.letters);
+  EXPECT_EQ(box.status, row.status);
+  EXPECT_EQ(box.state.patternKind, kind);
+  EXPECT_EQ(box.Allowed(), row.allowed);
+  EXPECT_EQ(box.beeps, row.beeps);
+  EXPECT_EQ(box.state.noun, noun);
+  EXPECT_EQ(box.state.selected, row.selected);
+}
+
+TEST(InputCheck, PlainPatterns) {
+  const Case cases[] = {
+      {kTyped, "", "", "", ""},
+      {kTyped, "a", "a", "(1 letter)", ""},
+      {kTyped, "aBc", "aBc", "(3 letters)", ""},
+      {kTyped, "a*b", "a*b", "(min. 2 letters)", "'*' stands for zero or more characters", "S-PL"},
+      {kTyped, "*", "*", "(min. 0 letters)", "'*' stands for zero or more characters", "S-PL"},
+      {kTyped, "*ab*", "*ab*", "(min. 2 letters)", "'*' stands for zero or more characters", "S-PL"},
+      {kTyped, "*a", "*a", "(min. 1 letter)", "'*' stands for zero or more characters", "S-PL"},
+      {kTyped, "a?", "a?", "(2 letters)", "'?' stands for any character", "S-PL"},
+      {kTyped, "-", "-", "(1 letter)", "'-' stands for any character", "S-PL"},
+      {kTyped, "@", "@", "(1 letter)", "'@' stands for any vowel", "S-PL"},
+      {kTyped, "$", "$", "(1 letter)", "'$' stands for any consonant", "S-PL"},
+      {kTyped, "'", "'", "(1 letter)", "' stands for any letter with an ascender [bdfhklt]", "S-PL"},
+      {kTyped, ",", ",", "(1 letter)", "',' stands for any letter with a descender [gjpqy]", "S-PL"},
+      {kTyped, ":", ":", "(1 letter)", "':' stands for any letter with no ascender/descender [aceimnorsuvwxz]", "S-PL"},
+      {kTyped, "#", "#", "(1 letter)", "'#' currently stands for including any of [abc]", "S-PL"},
+      {kTyped, "!", "!", "(1 letter)", "'!' currently stands for excluding any of []", "S-PL"},
+      {kTyped, "=", "=", "(1 letter)", "'=' currently stands for exactly any of [t-]", "S-PL", 0, kWord, kWord, "T-"},
+      {kTyped, "a2", "a", "(1 letter)", ""},
+      {kTyped, "a1b2c3", "a1b2c3", "(6 letters)", "'3' stands for any character; every '3' denotes the same character",
+       "S-PL"},
+      {kTyped, "13", "1", "(1 letter)", "'1' stands for any character; every '1' denotes the same character", "S-PL"},
+      {kTyped, "12", "12", "(2 letters)", "'2' stands for any character; every '2' denotes the same character", "S-PL"},
+      {kTyped, "a0456789", "a", "(1 letter)", ""},
+      {kTyped, "a b&c\xE9.", "abc", "(3 letters)", ""},
+      {kTyped, "a~%;", "a", "(1 letter)", ""},
+      {kTyped, "a**", "a*", "(min. 1 letter)", kAdjacent, "S-PL", 4},
+      {kTyped, "a**b", "a*b", "(min. 2 letters)", kAdjacent, "S-PL", 4},
+      {kTyped, "a*b*c*", "a*b*c", "(min. 3 letters)", kThirdAsterisk, "S-PL", 4},
+      {kTyped, "=", "", "", kNoTiles, "SAPL", 4},
+      {kTyped, "a=", "a", "(1 letter)", kNoTiles, "SAPL", 4},
+      {kTyped, "a==", "a=", "(2 letters)", "There is only 1 character defined in the 'Scrabble' string", "S-PL", 4,
+       kWord, kWord, "x"},
+      {kTyped, "====", "===", "(3 letters)", "There are only 3 characters defined in the 'Scrabble' string", "S-PL", 4,
+       kWord, kWord, "aab"},
+      {kTyped, "ab", "ab", "(2 letters)", "", "SAPL", 0, kPalindrome, kPalindrome},
+      {kTyped, "a*?", "a*?", "(min. 2 letters)", "'?' stands for any character", "S-PL", 0, kPalindrome, kPalindrome},
+      {kTyped, "listen", "listen", "(6 letters)", "", "SAPL", 0, kAnagram, kAnagram},
+      {kTyped, "listen", "listen", "(6 letters)", "", "SAPL", 0, kExact, kExact},
+      {kTyped, "li?", "li?", "(3 letters)", kCancelled, "S-PL", 4, kAnagram},
+      {kTyped, "li*", "li*", "(min. 2 letters)", kCancelled, "S-PL", 4, kExact},
+      {kTyped, "li=", "li=", "(3 letters)", kCancelled, "S-PL", 4, kExact, kWord, "ab"},
+      {kTyped, "li=", "li", "(2 letters)", kNoTiles, "SAPL", 4, kExact, kExact},
+      {kTyped, "li2st", "list", "(4 letters)", "", "SAPL", 0, kAnagram, kAnagram},
+      {kPasted, "", "", "", ""},
+      {kPasted, "ab&c", "abc", "(3 letters)", ""},
+      {kPasted, "a?c", "a?c", "(3 letters)", "", "S-PL"},
+      {kPasted, "&&&", "", "", ""},
+      {kPasted, "  a  ", "a", "(1 letter)", ""},
+      {kPasted, "a\r\nb", "ab", "(2 letters)", ""},
+      {kPasted, "ab2", "ab", "(2 letters)", ""},
+      {kPasted, "21", "21", "(2 letters)", "'1' stands for any character; every '1' denotes the same character",
+       "S-PL"},
+      {kPasted, "321", "321", "(3 letters)", "'1' stands for any character; every '1' denotes the same character",
+       "S-PL"},
+      {kPasted, "31", "1", "(1 letter)", "'1' stands for any character; every '1' denotes the same character", "S-PL"},
+      {kPasted, "a2b3", "ab", "(2 letters)", ""},
+      {kPasted, "a*b*c*d", "a*b*c", "(min. 3 letters)", kThirdAsterisk, "S-PL", 8},
+      {kPasted, "a***", "a*", "(min. 1 letter)", kThirdAsterisk, "S-PL", 8},
+      {kPasted, "a**b", "a*b", "(min. 2 letters)", kAdjacent, "S-PL", 4},
+      {kPasted, "==ab", "", "", kNoTiles, "SAPL", 16},
+      {kPasted, "a=b=", "a=b", "(3 letters)", "There is only 1 character defined in the 'Scrabble' string", "S-PL", 4,
+       kWord, kWord, "x"},
+      {kPasted, "lis2ten", "listen", "(6 letters)", "", "SAPL", 0, kAnagram, kAnagram},
+      {kPasted, "lis?ten", "lis?ten", "(7 letters)", kCancelled, "S-PL", 4, kAnagram},
+      {kPasted, "a~b", "ab", "(2 letters)", ""},
+  };
+  for (const Case& row : cases) {
+    const auto asterisks = std::count(row.text, row.text + std::string_view(row.text).size(), '*');
+    const char* noun = row.selected == kAnagram      ? "full anagram"
+                       : row.selected == kExact      ? "exact-length anagram"
+                       : row.selected == kPalindrome ? "palindrome"
+                                                     : "word";
+    Try(row, static_cast<int>(asterisks), noun);
+  }
+}
+
+TEST(InputCheck, RandomWords) {
+  const Case cases[] = {
+      {kTyped, "~", "~", "1 random words", kRandomHelp, "S---"},
+      {kTyped, "~5", "~5", "5 random words", kRandomHelp, "S---"},
+      {kTyped, "~0", "~0", "0 random words", kRandomHelp, "S---"},
+      {kTyped, "~007", "~007", "7 random words", kRandomHelp, "S---"},
+      {kTyped, "~12345", "~1234", "1234 random words", kRandomHelp, "S---"},
+      {kTyped, "~a", "~", "1 random words", kRandomHelp, "S---"},
+      {kTyped, "~1a2", "~12", "12 random words", kRandomHelp, "S---"},
+      {kTyped, "~2", "~2", "2 random words", kRandomHelp, "S---", 0, kPalindrome},
+      {kTyped, "~2", "~2", "2 random words", kRandomHelp, "S---", 0, kExact},
+      {kPasted, "~12345", "~1234", "1234 random words", kRandomHelp, "S---"},
+      {kPasted, "~a1b2c3", "~12", "12 random words", kRandomHelp, "S---"},
+      {kPasted, "~abcde6", "~", "1 random words", kRandomHelp, "S---"},
+      {kPasted, "~~3", "~3", "3 random words", kRandomHelp, "S---", 0, kAnagram},
+  };
+  for (const Case& row : cases) {
+    Try(row, 12, "Random word");
+  }
+  Box box(kWord, {});
+  for (const auto& [text, count] : {std::pair{"~37", 37}, {"~", 1}, {"~0012", 12}}) {
+    box.Change(text, 1);
+    EXPECT_EQ(box.state.randomCount, count) << text;
+  }
+}
+
+TEST(InputCheck, LetterSequences) {
+  const Case cases[] = {
+      {kTyped, "%", "%", "", kNumberHelp, "---L"},
+      {kTyped, "%0", "%", "", kNumberHelp, "---L"},
+      {kTyped, "%x1", "%1", "Words with 1 count of ...", kLettersHelp, "---L"},
+      {kTyped, "%1", "%1", "Words with 1 count of ...", kLettersHelp, "---L"},
+      {kTyped, "%2", "%2", "Words with 2 counts of ...", kLettersHelp, "---L", 0, kPalindrome},
+      {kTyped, "%2>", "%2", "Words with 2 counts of ...", kLettersHelp, "---L"},
+      {kTyped, "%23", "%2", "Words with 2 counts of ...", kLettersHelp, "---L", 0, kAnagram},
+      {kTyped, "%1s", "%1s", "Words with 1 count of 's'", "Add more letters or an optional '>' (specifies 1 or more)",
+       "S--L"},
+      {kTyped, "%2sS", "%2sS", "Words with 2 counts of 'sS'", kMoreThan2, "S--L"},
+      {kTyped, "%2ab>", "%2ab>", "Words with >=2 counts of 'ab'", kMoreThan2, "S--L"},
+      {kTyped, "%2ab>c>", "%2ab>", "Words with >=2 counts of 'ab'", kMoreThan2, "S--L"},
+      {kTyped, "%2a1-b", "%2ab", "Words with 2 counts of 'ab'", kMoreThan2, "S--L"},
+      {kTyped, "%2abcdefghi", "%2abcdefgh", "Words with 2 counts of 'abcdefgh'", kMoreThan2, "S--L"},
+      {kTyped, "%2abcdefghi>", "%2abcdefgh>", "Words with >=2 counts of 'abcdefgh'", kMoreThan2, "S--L"},
+      {kPasted, "%2abcdefghi", "%2abcdefgh", "Words with 2 counts of 'abcdefgh'", kMoreThan2, "S--L"},
+      {kPasted, "%2abcdefghi>", "%2abcdefgh", "Words with 2 counts of 'abcdefgh'", kMoreThan2, "S--L"},
+      {kPasted, "%2ab>c", "%2ab>", "Words with >=2 counts of 'ab'", kMoreThan2, "S--L"},
+      {kPasted, "%21ab", "%2ab", "Words with 2 counts of 'ab'", kMoreThan2, "S--L"},
+      {kPasted, "%21>", "%2", "Words with 2 counts of ...", kLettersHelp, "---L"},
+      {kPasted, "%0", "%", "", kNumberHelp, "---L"},
+      {kPasted, "%x1", "%", "", kNumberHelp, "---L"},
+      {kPasted, "%%2ab", "%", "", kNumberHelp, "---L", 0, kExact},
+  };
+  for (const Case& row : cases) {
+    Try(row, 11, "sequenced word");
+  }
+  Box box(kWord, {});
+  box.Enter(kTyped, "%x");
+  EXPECT_EQ(box.logTexts.size(), 0u);
+  box.Enter(kPasted, "%x1");
+  EXPECT_EQ(box.logTexts, std::vector<std::string>{"No number specified in % option: %x1"});
+}
+
+TEST(InputCheck, LetterChoices) {
+  const Case cases[] = {
+      {kTyped, ";", ";", "", kChoiceHelp, "-APL"},
+      {kTyped, ";~", ";", "", kChoiceHelp, "-APL"},
+      {kTyped, ";1", ";", "", kChoiceHelp, "-APL"},
+      {kTyped, ";a", ";a", "", kInOrder},
+      {kTyped, ";pNt", ";pNt", "", kInOrder},
+      {kTyped, ";pnt~", ";pnt~", "", kAnyOrder},
+      {kTyped, ";pnt~~", ";pnt~", "", kAnyOrder},
+      {kTyped, ";pn~t", ";pnt", "", kInOrder},
+      {kTyped, ";a?*b", ";ab", "", kInOrder},
+      {kTyped, ";ab", ";ab", "", kInOrder, "SAPL", 0, kAnagram, kAnagram},
+      {kTyped, ";ab", ";ab", "", kInOrder, "SAPL", 0, kPalindrome, kPalindrome},
+      {kPasted, ";p~n1t~", ";pnt~", "", kAnyOrder},
+      {kPasted, ";ab~~~", ";ab~", "", kAnyOrder},
+      {kPasted, ";~~", ";", "", kChoiceHelp, "-APL"},
+      {kPasted, ";12", ";", "", kChoiceHelp, "-APL"},
+      {kPasted, ";;a", ";a", "", kInOrder},
+  };
+  for (const Case& row : cases) {
+    Try(row, 13, "letter choice");
+  }
+}
+
+TEST(InputCheck, ModesLeaveWhatTheyDoNotSpeakOf) {
+  Box box(kPalindrome, {});
+  box.Change("abc", 3);
+  EXPECT_EQ(box.state.letters, "(3 letters)");
+  box.Change(";a", 2);
+  EXPECT_EQ(box.state.letters, "(3 letters)") << "a letter choice leaves the count";
+  EXPECT_EQ(box.state.selected, kPalindrome);
+  box.Change("~5", 2);
+  EXPECT_EQ(box.Allowed(), "S---");
+  EXPECT_EQ(box.state.selected, kWord);
+  box.Change(";a", 2);
+  EXPECT_EQ(box.Allowed(), "S---") << "nor does it give the modes back";
+  box.Change("%2", 2);
+  EXPECT_EQ(box.Allowed(), "----");
+  box.Change("a*", 2);
+  EXPECT_EQ(box.Allowed(), "S-P-");
+  box.Change("ab", 2);
+  EXPECT_EQ(box.Allowed(), "SAP-") << "saving as a lexicon waits for the next search";
+  EXPECT_EQ(box.state.noun, "word");
+  SelectWordType(box.state, kExact);
+  EXPECT_EQ(box.state.noun, "exact-length anagram");
+  box.Change(";a", 2);
+  EXPECT_EQ(box.state.noun, "letter choice");
+  box.Change("", 0);
+  EXPECT_EQ(box.state.noun, "exact-length anagram") << "the noun of the mode that is selected";
+  EXPECT_EQ(box.state.letters, "");
+  EXPECT_EQ(box.Allowed(), "SAP-");
+  box.Change("%", 1);
+  box.Change("a", 1);
+  EXPECT_EQ(box.state.noun, "word") << "the sequence had moved to the word list";
+}
+
+TEST(InputCheck, ListsAreReadAtEachCheck) {
+  Box box(kWord, {"", "Xy", "AB"});
+  box.Change("==", 2);
+  EXPECT_EQ(box.status, "'=' currently stands for exactly any of [ab]");
+  EXPECT_EQ(box.beeps, 0);
+  box.lists.scrabble = "a";
+  box.Change("==!", 3);
+  EXPECT_EQ(box.state.text, "=");
+  EXPECT_EQ(box.beeps, 8);
+  box.Change("!", 1);
+  EXPECT_EQ(box.status, "'!' currently stands for excluding any of [xy]");
+}
+
+TEST(InputCheck, PlaceOfTheCaret) {
+  const struct {
+    const char* text;
+    size_t caret;
+    const char* kept;
+    size_t keptCaret;
+  } cases[] = {
+      {"abc", 1, "abc", 1},      {"a&bc", 2, "abc", 1},     {"abc&", 4, "abc", 3},   {"a&b&c", 5, "abc", 3},
+      {"a**b", 3, "a*b", 2},     {"a*b*c*", 6, "a*b*c", 5}, {"a=b", 2, "a", 1},      {"~1a2", 3, "~12", 2},
+      {"~12345", 6, "~1234", 5}, {"%x12", 2, "%", 1},       {"%2a1b", 4, "%2ab", 3}, {";a1b", 3, ";ab", 2},
+      {";ab~~", 4, ";ab~", 4},
+  };
+  for (const auto& [text, caret, kept, keptCaret] : cases) {
+    SCOPED_TRACE(text);
+    Box box(kWord, {});
+    box.Change(text, caret);
+    EXPECT_EQ(box.state.text, kept);
+    EXPECT_EQ(box.state.caret, keptCaret);
+  }
+}
+
+TEST(InputCheck, ASequencePutsTheCaretAtTheEnd) {
+  Box box(kWord, {});
+  box.Change("%2ab", 3);
+  EXPECT_EQ(box.state.text, "%2ab");
+  EXPECT_EQ(box.state.caret, 4u);
+}
+
+TEST(InputCheck, TheLastOfSeveralDropsPlacesTheCaret) {
+  // The last character goes first and puts the caret at the end; what is dropped before it does not move it again.
+  const struct {
+    const char* text;
+    const char* kept;
+  } cases[] = {{"a&bc&", "abc"}, {"a2bc3", "abc"}, {"a**b*", "a*b"}};
+  for (const auto& [text, kept] : cases) {
+    SCOPED_TRACE(text);
+    Box box(kWord, {});
+    box.Change(text, std::string_view(text).size());
+    EXPECT_EQ(box.state.text, kept);
+    EXPECT_EQ(box.state.caret, box.state.text.size());
+  }
+}
+
+TEST(InputCheck, ACaretOutsideTheTextIsAnError) {
+  InputState state;
+  state.text = "a&b";
+  state.caret = 4;
+  const InputMessages messages = CheckInput(state, {});
+  ASSERT_TRUE(messages.error);
+  EXPECT_EQ(messages.error->number, 5);
+  EXPECT_EQ(messages.error->description, "Invalid procedure call");
+  EXPECT_EQ(state.text, "a&b") << "the box keeps what it holds";
+}
+
+// Whatever is entered, the text that stays follows the rules of its mode, and a check of it changes nothing.
+TEST(InputCheck, ACleanTextStaysAsItIs) {
+  const std::regex random("~[0-9]{0,4}");
+  const std::regex sequence("%([1-9]([a-zA-Z]{1,8}>?)?)?");
+  const std::regex choice(";([a-zA-Z]+~?)?");
+  const std::regex plain("([a-zA-Z?@$',:#!=123-]*\\*?){1,3}");
+  std::mt19937 engine(5);
+  const auto below = [&engine](size_t limit) { return static_cast<size_t>(engine() % limit); };
+  const std::string characters = "abcZ**?-?@$',:#!==112344>~%; &.\x80\xE9\r\n0";
+  const std::string firsts = "~%%;a*1";
+  int texts = 0;
+  for (int round = 0; round < 20000; ++round) {
+    std::string text;
+    for (size_t length = below(14); length > 0; --length) {
+      text += characters[below(characters.size())];
+    }
+    if (below(2) == 0) {
+      text.insert(0, 1, firsts[below(firsts.size())]);
+      text.insert(1, below(2), '2');
+    }
+    InputState state;
+    const CharacterLists lists{"ab", "", std::string(below(4), 'e')};
+    SelectWordType(state, kWordTypes[below(4)]);
+    state.text = text;
+    state.caret = text.size();
+    const InputMessages first = CheckInput(state, lists);
+    SCOPED_TRACE(text + " -> " + state.text);
+    ASSERT_LE(state.caret, state.text.size());
+    const char mode = state.text.empty() ? '\0' : state.text[0];
+    if (mode == '~') {
+      ASSERT_TRUE(std::regex_match(state.text, random));
+    } else if (mode == '%') {
+      ASSERT_TRUE(std::regex_match(state.text, sequence));
+      ASSERT_EQ(state.canSearch, state.text.size() > 2);
+    } else if (mode == ';') {
+      ASSERT_TRUE(std::regex_match(state.text, choice));
+      ASSERT_EQ(state.canSearch, state.text.size() > 1);
+    } else {
+      ASSERT_TRUE(std::regex_match(state.text, plain));
+      const auto holds = [&state](const char* part) { return state.text.find(part) != std::string::npos; };
+      ASSERT_FALSE(holds("**"));
+      ASSERT_TRUE(!holds("2") || holds("1"));
+      ASSERT_TRUE(!holds("3") || (holds("1") && holds("2")));
+      ASSERT_LE(static_cast<size_t>(std::count(state.text.begin(), state.text.end(), '=')), lists.scrabble.size());
+      ASSERT_TRUE(state.canSearch);
+    }
+    const InputState before = state;
+    const InputMessages again = CheckInput(state, lists);
+    ASSERT_EQ(state.text, before.text);
+    ASSERT_EQ(state.patternKind, before.patternKind);
+    ASSERT_EQ(state.letters, before.letters);
+    ASSERT_EQ(state.noun, before.noun);
+    ASSERT_EQ(state.selected, before.selected);
+    ASSERT_EQ(state.randomCount, before.randomCount);
+    ASSERT_EQ(state.canSearch, before.canSearch);
+    ASSERT_EQ(state.anagrams, before.anagrams);
+    ASSERT_EQ(state.palindrome, before.palindrome);
+    ASSERT_EQ(state.saveAsLexicon, before.saveAsLexicon);
+    ASSERT_EQ(again.beeps, 0);
+    ASSERT_TRUE(again.logTexts.empty());
+    texts += first.beeps > 0 || before.text != text ? 1 : 0;
+  }
+  EXPECT_GT(texts, 10000) << "texts that needed a change";
+}
+
+TEST(InputCheck, LongPastes) {
+  const struct {
+    std::string pasted;
+    const char* text;
+    const char* status;
+  } cases[] = {
+      {std::string(10000, '&'), "", ""},
+      {std::string(10000, '\xE9'), "", ""},
+      {std::string(10000, '\n') + "a", "a", ""},
+      {"~" + std::string(10000, '1'), "~1111", kRandomHelp},
+      {"%2" + std::string(10000, 's'), "%2ssssssss", kMoreThan2},
+      {"ab*ab*" + std::string(1000, 'c') + "*", nullptr, kThirdAsterisk},
+      {std::string(1000, '*'), "*", kThirdAsterisk},
+      {std::string(1000, '='), "", kNoTiles},
+  };
+  for (const auto& [pasted, text, status] : cases) {
+    SCOPED_TRACE(pasted.substr(0, 10));
+    Box box(kWord, {});
+    box.Enter(kPasted, pasted);
+    EXPECT_EQ(box.state.text, text == nullptr ? pasted.substr(0, pasted.size() - 1) : text);
+    EXPECT_EQ(box.status, status);
+  }
+  Box box(kWord, {});
+  box.Enter(kPasted, std::string(10000, 'a'));
+  EXPECT_EQ(box.state.letters, "(10000 letters)");
+}
+
+}  // namespace
+}  // namespace quorvane::test
