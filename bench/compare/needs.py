@@ -1,0 +1,71 @@
+"""What the figures of the comparisons have to be."""
+
+import operator
+import statistics
+from dataclasses import dataclass
+
+from measure import geometric_mean
+from patterns import PART
+
+RELATIONS = {"<=": operator.le, "<": operator.lt, ">=": operator.ge}
+
+
+@dataclass
+class Need:
+    what: str
+    values: list  # one of each comparison: the middle one counts
+    relation: str
+    limit: float
+    unit: str = "x"
+
+    @property
+    def middle(self):
+        return statistics.median(self.values)
+
+    @property
+    def met(self):
+        return RELATIONS[self.relation](self.middle, self.limit)
+
+    def cells(self):
+        figure = f"{self.middle:.2f}{self.unit} ({' '.join(f'{value:.2f}' for value in self.values)})"
+        return [self.what, figure, f"{self.relation} {self.limit:g}{self.unit}", "met" if self.met else "NOT met"]
+
+
+def mean_ratio(comparison, peer, ours="ours"):
+    return geometric_mean(getattr(row, peer) / getattr(row, ours) for row in comparison.rows.values())
+
+
+def worst_pattern(comparison):
+    """(ratio, name) of the pattern where the faster peer comes nearest."""
+    return min((min(row.rg, row.grep) / row.ours, pattern.name) for pattern, row in comparison.rows.items())
+
+
+def needs_of(comparisons, file_bytes):
+    def each(figure):
+        return [figure(comparison) for comparison in comparisons]
+
+    def middle(figure):
+        return f"{statistics.median(each(figure)):.1f}"
+
+    worst = " ".join(dict.fromkeys(worst_pattern(comparison)[1] for comparison in comparisons))
+    load = f"load {middle(lambda c: c.load)} ms / wc -l {middle(lambda c: c.wc)} ms"
+    save = f"save {middle(lambda c: c.probe['save_ms'])} ms / cp {middle(lambda c: c.cp)} ms"
+    reads = " ".join(f"{read:.2f}" for read in each(lambda c: c.probe["read_10mb_ms"]))
+    needs = [
+        Need(load, each(lambda c: c.load / c.wc), "<=", 5),
+        Need("rg -j1 -c / search, mean", each(lambda c: mean_ratio(c, "rg")), ">=", 100),
+        Need("grep -c / search, mean", each(lambda c: mean_ratio(c, "grep")), ">=", 100),
+        Need(f"faster peer / search, worst: {worst}", each(lambda c: worst_pattern(c)[0]), ">=", 1.5),
+    ]
+    for pattern in filter(lambda p: p.masks_decide, comparisons[0].rows):
+        ratios = each(lambda c: c.rows[pattern].ours / c.probe["read_10mb_ms"])
+        needs.append(Need(f"{pattern.name} / reading 10 MB ({reads} ms)", ratios, "<", 4))
+    return needs + [
+        Need("*@$@$@$* / *ell*", each(lambda c: c.sets / c.rows[PART].ours), "<=", 4.3),
+        Need("rg -j1 -c / whole process, mean", each(lambda c: mean_ratio(c, "rg", "whole")), ">=", 1.9),
+        Need("grep -c / whole process, mean", each(lambda c: mean_ratio(c, "grep", "whole")), ">=", 1.9),
+        Need(f"memory {middle(lambda c: c.memory / 1e6)} MB / file", each(lambda c: c.memory / file_bytes), "<=", 2),
+        Need("list 2,000,000 results", each(lambda c: c.probe["list_ms"]), "<=", 1, " ms"),
+        Need("sort 2,000,000 results", each(lambda c: c.probe["sort_ms"]), "<=", 3, " ms"),
+        Need(save, each(lambda c: c.probe["save_ms"] / c.cp), "<=", 2),
+    ]
