@@ -1,0 +1,341 @@
+// The result list with its orders and cases, the summary texts, the results file and the statistics.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "base/text.h"
+#include "results/result_list.h"
+#include "results/results_file.h"
+#include "results/sorting.h"
+#include "results/statistics.h"
+#include "results/summary.h"
+#include "tests/support/temporary_directory.h"
+
+namespace quorvane::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+std::shared_ptr<const Lexicon> Load(const Words& words) {
+  const TemporaryDirectory directory;
+  const LoadResult loaded = LoadLexicon(directory.Write("words.lex", Lines(words)));
+  EXPECT_TRUE(loaded.Usable());
+  return loaded.lexicon;
+}
+
+// Lists all words of the lexicon whose numbers are given, as a scan would.
+void Fill(ResultList& list, const std::shared_ptr<const Lexicon>& lexicon, const std::vector<WordNumber>& numbers,
+          bool upperCase, ScanOutcome outcome = {}) {
+  FoundNumbers& found = list.BeginSearch();
+  for (const WordNumber number : numbers) {
+    found.Add(number);
+  }
+  outcome.listed = outcome.truncated ? outcome.listed : numbers.size();
+  list.EndSearch(lexicon, outcome, upperCase);
+}
+
+Words WordsOf(const WordSequence& sequence) {
+  Words words;
+  for (size_t i = 0; i < sequence.numbers.size(); ++i) {
+    words.push_back(sequence.Word(i));
+  }
+  return words;
+}
+
+Words EntriesOf(const ResultList& list) {
+  Words entries;
+  for (size_t i = 0; i < list.EntryCount(); ++i) {
+    entries.push_back(list.Entry(i));
+  }
+  return entries;
+}
+
+// The sort as a person would do it by hand: for each length one pass over all words.
+Words PassesByLength(const Words& words, bool longestFirst) {
+  Words sorted;
+  for (size_t i = 1; i <= 90; ++i) {
+    const size_t length = longestFirst ? 91 - i : i;
+    std::copy_if(words.begin(), words.end(), std::back_inserter(sorted),
+                 [length](const std::string& word) { return word.size() == length; });
+  }
+  return sorted;
+}
+
+Words InCase(Words words, bool upperCase) {
+  for (std::string& word : words) {
+    word = upperCase ? UpperText(word) : FoldText(word);
+  }
+  return words;
+}
+
+TEST(ResultList, SortsLikePassesOverEveryLength) {
+  std::mt19937 engine(17);
+  const std::string characters = "abcABC'\xE9\xC9\xD7\xF7\xFF\xDF-";
+  Words words(400);
+  for (std::string& word : words) {
+    for (auto length = 1 + engine() % (engine() % 9 == 0 ? 90 : 8); length > 0; --length) {
+      word += word.empty() ? 'a' : characters[engine() % characters.size()];
+    }
+  }
+  const auto lexicon = Load(words);
+  ResultList list;
+  for (int round = 0; round < 200; ++round) {
+    std::vector<WordNumber> numbers(engine() % 120);
+    Words found;
+    for (WordNumber& number : numbers) {
+      number = 1 + static_cast<WordNumber>(engine() % words.size());
+      found.push_back(words[number - 1]);
+    }
+    const bool upperAtSearch = round % 3 == 0;
+    Fill(list, lexicon, numbers, upperAtSearch);
+    // As found: the lexicon's own case, or upper.
+    const Words listed = upperAtSearch ? InCase(found, true) : found;
+    ASSERT_EQ(EntriesOf(list), listed);
+    ASSERT_EQ(WordsOf(list.FoundWords()), listed);
+    ASSERT_EQ(WordsOf(list.FoundWordsCopy()), listed);
+    const auto longest =
+        std::max_element(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.size() < b.size(); });
+    ASSERT_EQ(list.LongestFound(), longest == found.end() ? 0 : static_cast<int>(longest->size()));
+    Words copy = listed;
+    for (int sort = 0; sort < 4; ++sort) {
+      const bool upper = engine() % 2 == 0;
+      const auto order = static_cast<SortOrder>(engine() % 3);
+      list.Sort(order, upper);
+      if (order == SortOrder::Alphabetic) {
+        ASSERT_EQ(EntriesOf(list), InCase(found, upper));
+      } else {
+        copy = InCase(PassesByLength(found, order == SortOrder::LongestFirst), upper);
+        ASSERT_EQ(EntriesOf(list), copy);
+      }
+      // The copy is that of the last length sort; what was found never changes.
+      ASSERT_EQ(WordsOf(list.FoundWordsCopy()), copy);
+      ASSERT_EQ(WordsOf(list.FoundWords()), listed);
+    }
+  }
+}
+
+TEST(ResultList, ATruncatedListSaysSo) {
+  const auto lexicon = Load({"abc", "ac", "ad", "ae"});
+  ResultList list;
+  Fill(list, lexicon, {1, 2, 3, 4}, false, ScanOutcome{true, 2, {}});
+  EXPECT_EQ(EntriesOf(list), (Words{"abc", "ac", "  *** LIST TRUNCATED ***"}));
+  EXPECT_EQ(WordsOf(list.FoundWords()), (Words{"abc", "ac", "ad", "ae"})) << "every word is saved";
+  EXPECT_EQ(list.FoundCount(), 4u);
+  list.Sort(SortOrder::ShortestFirst, false);
+  EXPECT_EQ(EntriesOf(list), (Words{"ac", "ad", "ae", "abc"})) << "a sort fills the list anew";
+}
+
+TEST(ResultList, EmptyAndCleared) {
+  ResultList list;
+  list.Sort(SortOrder::LongestFirst, true);
+  EXPECT_EQ(list.EntryCount(), 0u);
+  EXPECT_EQ(list.LongestFound(), 0);
+  const auto lexicon = Load({"ab", "b"});
+  Fill(list, lexicon, {1, 2}, true);
+  list.Sort(SortOrder::ShortestFirst, true);
+  list.Clear();
+  EXPECT_EQ(list.FoundCount() + list.EntryCount() + list.FoundWordsCopy().numbers.size(), 0u);
+  Fill(list, lexicon, {1, 2}, false);
+  EXPECT_EQ(EntriesOf(list), (Words{"ab", "b"})) << "nothing of the search before is left";
+  EXPECT_EQ(WordsOf(list.FoundWordsCopy()), (Words{"ab", "b"}));
+}
+
+TEST(ResultList, KeepsTheLexiconItsWordsAreIn) {
+  ResultList list;
+  Fill(list, Load({"ab", "b"}), {2, 1}, false);
+  list.Sort(SortOrder::ShortestFirst, true);
+  EXPECT_EQ(EntriesOf(list), (Words{"B", "AB"}));
+}
+
+TEST(Summary, Texts) {
+  const LengthRange any;
+  const struct {
+    int64_t count;
+    const char* noun;
+    LengthRange range;
+    const char* status;
+    const char* log;
+  } cases[] = {
+      {0, "word", any, "0 words found", "0 words found using pattern 'a*'"},
+      {1, "word", any, "1 word found", "1 word found using pattern 'a*'"},
+      {1,
+       "full anagram",
+       {false, 5, 5},
+       "1 full anagram found  (of length 5 letters)",
+       "1 full anagram found using pattern 'a*'  (of length 5 letters)"},
+      {3,
+       "word",
+       {false, 3, 5},
+       "3 words found  (of 3 to 5 letters in length)",
+       "3 words found using pattern 'a*'  (of 3 to 5 letters in length)"},
+      {2000000,
+       "Random word",
+       {true, 3, 5},
+       "2000000 Random words found",
+       "2000000 Random words found using pattern 'a*'"},
+  };
+  for (const auto& [count, noun, range, status, log] : cases) {
+    EXPECT_EQ(SummaryStatus(count, noun, range), status);
+    EXPECT_EQ(SummaryLog(count, noun, "a*", range), log);
+  }
+  const std::pair<int64_t, const char*> times[] = {
+      {0, "Time = 0.00s"},    {4, "Time = 0.00s"},    {5, "Time = 0.01s"},     {94, "Time = 0.09s"},
+      {1234, "Time = 1.23s"}, {1235, "Time = 1.24s"}, {9995, "Time = 10.00s"}, {123456, "Time = 123.46s"}};
+  for (const auto& [milliseconds, text] : times) {
+    EXPECT_EQ(TimeText(milliseconds), text);
+  }
+  EXPECT_EQ(PositionText(3, 5, 65535), "Word # 3\r\nLength : 5");
+  EXPECT_EQ(PositionText(3, 5, 65536), " \r\nLength : 5");
+}
+
+TEST(ResultsFile, Bytes) {
+  const CharacterLists lists{"aB", "xY", "T-"};
+  const Words words = {"caf\xE9", "Cat", "dog"};
+  const std::string body = "\r\n--- START OF LIST ---\r\ncaf\xE9\r\nCat\r\ndog\r\n--- END OF LIST ---\r\n";
+  const struct {
+    const char* typed;
+    const char* noun;
+    size_t count;
+    std::string head;
+  } cases[] = {
+      {"a*b", "word", 3, "3 words found matching the word pattern \"a*b\"\r\n"},
+      {"A-b", "palindrome", 3, "3 palindromes found matching the word pattern \"A-b\"\r\n"},
+      {"#!=", "word", 3,
+       "3 words found matching the word pattern \"#!=\"\r\n # stands for [ab]\r\n ! stands for [xy]\r\n"
+       " = stands for [t-]\r\n"},
+      {"=a#", "word", 3,
+       "3 words found matching the word pattern \"=a#\"\r\n # stands for [ab]\r\n = stands for [t-]\r\n"},
+      {"!*", "word", 1, "1 word found matching the word pattern \"!*\"\r\n ! stands for [xy]\r\n"},
+      {"!*", "word", 0, "0 words found matching the word pattern \"!*\"\r\n ! stands for [xy]\r\n"},
+      {"tea", "full anagram", 3, "3 full anagrams found matching the word pattern \"tea\"\r\n"},
+      {"%2ss>", "sequenced word", 3, "3 sequenced words found (2 or more of 'ss')\r\n"},
+      {"%2sS", "sequenced word", 3, "3 sequenced words found (2 of 'sS')\r\n"},
+      {"%1s", "sequenced word", 1, "1 sequenced word found (1 of 's')\r\n"},
+      {"%9z", "sequenced word", 0, "0 sequenced words found (9 of 'z')\r\n"},
+      {";pnt~", "letter choice", 3, "3 letter choices found matching the word pattern \";pnt~\"\r\n"},
+      {"~3", "Random word", 3, "3 Random words found\r\n"},
+      {"~", "Random word", 1, "1 Random word found\r\n"},
+  };
+  const std::vector<WordNumber> numbers[] = {{}, {3}, {}, {1, 2, 3}};
+  const TemporaryDirectory directory;
+  const std::string path = directory.Write("outlist.txt", "what was there before, and longer than what follows");
+  const auto lexicon = Load(words);
+  for (const auto& [typed, noun, count, head] : cases) {
+    SCOPED_TRACE(head);
+    ResultList list;
+    Fill(list, lexicon, numbers[count], false);
+    EXPECT_FALSE(WriteResultsFile(path, {count, noun, typed, lists}, list.FoundWords()));
+    const std::string one = "\r\n--- START OF LIST ---\r\ndog\r\n--- END OF LIST ---\r\n";
+    EXPECT_EQ(ReadFile(path), head + (count == 3 ? body : count == 1 ? one : ""));
+  }
+  EXPECT_EQ(WritingStatus(1, "word"), "Writing 1 word to file ...");
+  EXPECT_EQ(WritingStatus(0, "full anagram"), "Writing 0 full anagrams to file ...");
+}
+
+TEST(ResultsFile, FollowsOrderAndCase) {
+  const TemporaryDirectory directory;
+  const std::string path = directory.File("new.lex");
+  const auto lexicon = Load({"Apple", "at", "caf\xE9", std::string(90, 'd')});
+  const std::string d90(90, 'd');
+  const std::string D90(90, 'D');
+  const struct {
+    bool upperAtSearch;
+    SortOrder order;
+    bool upperAtSort;
+    Words written;
+  } cases[] = {
+      {false, SortOrder::Alphabetic, true, {"Apple", "at", "caf\xE9", d90}},
+      {true, SortOrder::Alphabetic, false, {"APPLE", "AT", "CAF\xC9", D90}},
+      {false, SortOrder::ShortestFirst, false, {"at", "caf\xE9", "apple", d90}},
+      {true, SortOrder::LongestFirst, false, {d90, "apple", "caf\xE9", "at"}},
+      {false, SortOrder::LongestFirst, true, {D90, "APPLE", "CAF\xC9", "AT"}},
+  };
+  for (const auto& [upperAtSearch, order, upperAtSort, written] : cases) {
+    ResultList list;
+    Fill(list, lexicon, {1, 2, 3, 4}, upperAtSearch);
+    list.Sort(order, upperAtSort);
+    const WordSequence words = order == SortOrder::Alphabetic ? list.FoundWords() : list.FoundWordsCopy();
+    EXPECT_FALSE(WriteResultsAsLexicon(path, words));
+    EXPECT_EQ(ReadFile(path), Lines(written));
+    EXPECT_EQ(WordsOf(words), written);
+  }
+}
+
+TEST(ResultsFile, ManyWordsMakeALexiconAgain) {
+  std::mt19937 engine(23);
+  Words words(60000);
+  for (std::string& word : words) {
+    word = std::string(1 + engine() % 12, static_cast<char>('a' + engine() % 26));
+    word.back() = static_cast<char>('a' + engine() % 26);
+  }
+  std::sort(words.begin(), words.end());
+  const auto lexicon = Load(words);
+  std::vector<WordNumber> odd;
+  Words expected;
+  for (WordNumber number = 1; number <= words.size(); number += 2) {
+    odd.push_back(number);
+    expected.push_back(words[number - 1]);
+  }
+  ResultList list;
+  Fill(list, lexicon, odd, false);
+  const TemporaryDirectory directory;
+  const std::string path = directory.File("new.lex");
+  ASSERT_FALSE(WriteResultsAsLexicon(path, list.FoundWords()));
+  const LoadResult loaded = LoadLexicon(path);
+  ASSERT_EQ(loaded.outcome, LoadOutcome::Ok);
+  ASSERT_EQ(loaded.count, static_cast<int32_t>(expected.size()));
+  for (size_t i = 0; i < expected.size(); ++i) {
+    ASSERT_EQ(loaded.lexicon->Word(static_cast<WordNumber>(i + 1)), expected[i]);
+  }
+}
+
+TEST(ResultsFile, WhatCanNotBeWrittenIsSaid) {
+  const TemporaryDirectory directory;
+  ResultList list;
+  Fill(list, Load({"ab"}), {1}, false);
+  const ResultsFileHeader header{1, "word", "a*", {}};
+  const struct {
+    std::string path;
+    int number;
+    const char* reason;
+  } cases[] = {{"/dev/full", 61, "No space left on device"},
+               {directory.path(), 75, "Is a directory"},
+               {directory.File("none/out.txt"), 53, "No such file or directory"}};
+  for (const auto& [path, number, reason] : cases) {
+    for (const auto& error :
+         {WriteResultsFile(path, header, list.FoundWords()), WriteResultsAsLexicon(path, list.FoundWords())}) {
+      ASSERT_TRUE(error) << path;
+      EXPECT_EQ(error->error.number, number);
+      EXPECT_EQ(error->Text(), path + ": " + reason);
+    }
+  }
+  EXPECT_EQ(list.FoundCount(), 1u);
+}
+
+TEST(Statistics, Counts) {
+  const auto lexicon = Load({"ab", "Abc", "b", "m", "mm", std::string(25, 'm'), std::string(26, 'm'),
+                             std::string(60, 'm'), std::string(61, 'm'), std::string(90, 'm'), "z", "[z", "_"});
+  const auto letters = CountByLetter(*lexicon);
+  for (const StatisticsRow& row : letters) {
+    const int expected = row.label == "A" ? 2 : row.label == "B" ? 1 : row.label == "M" ? 7 : row.label == "Z" ? 3 : 0;
+    EXPECT_EQ(row.count, expected) << row.label;
+  }
+  EXPECT_EQ(letters.front().label + letters[12].label + letters.back().label, "AMZ");
+  for (const StatisticsRow& row : CountByLength(*lexicon)) {
+    const int expected = row.label == "1"     ? 4
+                         : row.label == "2"   ? 3
+                         : row.label == "3"   ? 1
+                         : row.label == "25"  ? 1
+                         : row.label == "26+" ? 2  // Words over 60 are counted in no row.
+                                              : 0;
+    EXPECT_EQ(row.count, expected) << row.label;
+  }
+  const auto shortWords = Load({"ab", "b"});
+  EXPECT_EQ(CountByLength(*shortWords).back().label, "26+");
+  EXPECT_EQ(CountByLength(*shortWords).back().count, 0);
+}
+
+}  // namespace
+}  // namespace quorvane::test
