@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <random>
@@ -432,26 +431,6 @@ TEST(ProgramDirectory, SaysWhatCouldNotBeMade) {
   ASSERT_TRUE(settled.problem);
   EXPECT_EQ(settled.problem->error.number, kErrorPermissionDenied);
   EXPECT_EQ(settled.problem->Text(), here.root.File("xdg/quorvane") + ": Permission denied");
-}
-
-TEST(RunTimeErrors, NumbersAndDescriptions) {
-  const struct {
-    int errnoValue;
-    int number;
-    const char* description;
-  } cases[] = {
-      {ENOENT, 53, "File not found"},         {ENOTDIR, 76, "Path not found"},     {EACCES, 70, "Permission denied"},
-      {EROFS, 70, "Permission denied"},       {EIO, 75, "Path/File access error"}, {ENOSPC, 61, "Disk full"},
-      {EISDIR, 75, "Path/File access error"},
-  };
-  for (const auto& [errnoValue, number, description] : cases) {
-    EXPECT_EQ(RunTimeErrorOfErrno(errnoValue).number, number) << description;
-    EXPECT_EQ(RunTimeErrorOfErrno(errnoValue).description, description);
-  }
-  EXPECT_EQ(MakeRunTimeError(5).description, "Invalid procedure call");
-  EXPECT_EQ(MakeRunTimeError(9).description, "Subscript out of range");
-  EXPECT_EQ(MakeRunTimeError(13).description, "Type mismatch");
-  EXPECT_EQ(MakeRunTimeError(62).description, "Input past end of file");
 }
 
 TEST(Version, Texts) {

@@ -1,0 +1,509 @@
+// The command line as a script uses it: the real program, run by a shell.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <filesystem>
+#include <regex>
+#include <vector>
+
+#include "tests/support/temporary_directory.h"
+
+namespace quorvane::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result {
+  int status = -1;  // Of the shell; 128 and more: ended by a signal.
+  std::string out;
+  std::string err;
+};
+
+constexpr const char* kWords =
+    "Abba\r\nat\r\nate\r\ncan't\r\ncaf\xE9\r\ncat\r\ncut\r\neat\r\nlevel\r\nlisten\r\nsilent\r\ntea\r\ntee\r\nzoo\r\n";
+
+// A directory of its own with a lexicon, which is the program's directory, too. Commands run in it; "q" is the program.
+class CommandLine : public testing::Test {
+ protected:
+  CommandLine() {
+    directory_.Write("words.lex", kWords);
+    fs::create_directory(directory_.File("home"));
+  }
+
+  Result Run(const std::string& command, const std::string& program = QUORVANE_CLI) const {
+    const std::string script = "q() { '" + program + "' \"$@\"; }\ncd '" + directory_.path() + "'\n" + command;
+    const std::vector<std::string> variables = {"PATH=/usr/local/bin:/usr/bin:/bin", "LC_ALL=C",
+                                                "HOME=" + directory_.File("home"), "QUORVANE_DIR=" + directory_.path()};
+    const char* arguments[] = {"sh", "-c", script.c_str(), nullptr};
+    std::vector<char*> environment;
+    for (const std::string& variable : variables) {
+      environment.push_back(const_cast<char*>(variable.c_str()));
+    }
+    environment.push_back(nullptr);
+    const TemporaryDirectory streams;
+    const std::string out = streams.File("out");
+    const std::string err = streams.File("err");
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT, 0600);
+    posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT, 0600);
+    pid_t child = 0;
+    const int failed =
+        posix_spawn(&child, "/bin/sh", &actions, nullptr, const_cast<char**>(arguments), environment.data());
+    posix_spawn_file_actions_destroy(&actions);
+    EXPECT_EQ(failed, 0);
+    int status = 0;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadFile(out), ReadFile(err)};
+  }
+
+  // What standard error holds is compared as a whole, or in part where the row begins with "...".
+  struct Row {
+    const char* command;
+    int status;
+    const char* out;
+    const char* err;
+  };
+
+  template <size_t N>
+  void Try(const Row (&rows)[N]) const {
+    for (const Row& row : rows) {
+      SCOPED_TRACE(row.command);
+      const Result result = Run(row.command);
+      EXPECT_EQ(result.status, row.status);
+      EXPECT_EQ(result.out, row.out);
+      const std::string_view err = row.err;
+      if (err.starts_with("...")) {
+        EXPECT_NE(result.err.find(err.substr(3)), std::string::npos) << result.err;
+      } else {
+        EXPECT_EQ(result.err, err);
+      }
+    }
+  }
+
+  TemporaryDirectory directory_;
+};
+
+// JSON as the rows below hold it: without its times, and with ` for ".
+std::string Plain(const std::string& json) {
+  const std::string timeless = std::regex_replace(json, std::regex("ms\": [0-9]+(\\.[0-9]+)?"), "ms\": T");
+  return std::regex_replace(timeless, std::regex("\""), "`");
+}
+
+// The same number `count` times, parted as in JSON.
+std::string Repeat(int count, const std::string& number) {
+  std::string list = number;
+  for (; count > 1; --count) {
+    list += ", " + number;
+  }
+  return list;
+}
+
+TEST_F(CommandLine, Finds) {
+  const Row rows[] = {
+      {"q find 'c?t'", 0, "cat\ncut\n", "2 words found\n"},
+      {"q find 'x*'", 1, "", "0 words found\n"},
+      {"q find CAT --count", 0, "1\n", "1 word found\n"},
+      {"q find 'x*' --count", 1, "0\n", "0 words found\n"},
+      {"q find --length 2 '*'", 0, "at\n", "1 word found  (of length 2 letters)\n"},
+      {"q find '*' --length=4-5", 0, "Abba\ncan't\ncaf\xE9\nlevel\n", "4 words found  (of 4 to 5 letters in length)\n"},
+      {"q find 'a*' --sort alpha", 0, "Abba\nat\nate\n", "3 words found\n"},
+      {"q find 'a*' --sort short", 0, "at\nate\nabba\n", "3 words found\n"},
+      {"q find 'a*' --sort long", 0, "abba\nate\nat\n", "3 words found\n"},
+      {"q find 'a*' --sort=long --upper", 0, "ABBA\nATE\nAT\n", "3 words found\n"},
+      {"q find 'caf?' --upper", 0, "CAF\xC9\n", "1 word found\n"},
+      {"q find tea --type anagram", 0, "at\nate\neat\ntea\n", "4 full anagrams found\n"},
+      {"q find listen --type=exact", 0, "listen\nsilent\n", "2 exact-length anagrams found\n"},
+      {"q find '*' --type palindrome", 0, "level\n", "1 palindrome found\n"},
+      {"q find '%2e'", 0, "level\ntee\n", "2 sequenced words found\n"},
+      {"q find ';lst~'", 0, "listen\nsilent\n", "2 letter choices found\n"},
+      {"q find '#at'", 0, "cat\neat\n", "2 words found\n"},
+      {"q find '#at' --include bC", 0, "cat\n", "1 word found\n"},
+      {"q find '!at' --exclude=C", 0, "eat\n", "1 word found\n"},
+      {"q find '=ea' --rack T", 0, "tea\n", "1 word found\n"},
+      {"q find '=e=' --rack=t-", 0, "tea\ntee\n", "2 words found\n"},
+      {"q find '==' --rack='-?'", 0, "at\n", "1 word found\n"},
+      {"q find '?t' --include= --exclude= --rack=", 0, "at\n", "1 word found\n"},
+      {"q find --include= --exclude= --rack= '#t'", 1, "", "0 words found\n"},
+      {"q find --include '' --exclude '' --rack '' '!t'", 0, "at\n", "1 word found\n"},
+      {"q find --rack= --exclude= --include=a '#t'", 0, "at\n", "1 word found\n"},
+      {"q find -- -t", 0, "at\n", "1 word found\n"},
+      {"q find --count -- --t", 0, "3\n", "3 words found\n"},
+      {"q find 'c&a t'", 0, "cat\n", "pattern 'c&a t' was read as 'cat'\n1 word found\n"},
+      {"q find 'caf\xE9'", 1, "", "pattern 'caf\xE9' was read as 'caf'\n0 words found\n"},
+      {"q find '~12345' --count >/dev/null", 0, "", "...pattern '~12345' was read as '~1234'\n"},
+      {"q find '~0'", 1, "", "0 Random words found\n"},
+      {"q find cat --time", 0, "cat\n", "...1 word found\nTime = 0.0"},
+      {"cat words.lex | q find 'c?t' --lexicon /dev/stdin", 0, "cat\ncut\n", "2 words found\n"},
+  };
+  Try(rows);
+}
+
+TEST_F(CommandLine, Refuses) {
+  const Row rows[] = {
+      {"q find ''", 2, "", "quorvane-cli: Please enter a word selection.\n"},
+      {"q find '' --type palindrome", 2, "", "quorvane-cli: Please enter a word selection for a palindrome.\n"},
+      {"q find '' --type exact", 2, "", "quorvane-cli: Please enter an anagram selection (no wildcards).\n"},
+      {"q find '&'", 2, "", "quorvane-cli: Please enter a word selection.\n"},
+      {"q find ';'", 2, "", "quorvane-cli: ';' allows selection of letter(s) in a word\n"},
+      {"q find ';~'", 2, "", "quorvane-cli: ';' allows selection of letter(s) in a word\n"},
+      {"q find '%2'", 2, "", "quorvane-cli: Enter up to 8 letters, followed by an optional '>'\n"},
+      {"q find '%x1'", 2, "", "quorvane-cli: '%' allows selection on sequences - enter a number\n"},
+      {"q find 'a**'", 2, "", "quorvane-cli: Can't enter two asterisks next to each other\n"},
+      {"q find 'a*b*c*'", 2, "", "quorvane-cli: A maximum of two asterisks may be entered\n"},
+      {"q find '='", 2, "", "quorvane-cli: There are no characters defined in the 'Scrabble' string\n"},
+      {"q find '==' --rack a", 2, "", "quorvane-cli: There is only 1 character defined in the 'Scrabble' string\n"},
+      {"q find 'a?' --type anagram", 2, "", "...'a?' can't be searched with --type anagram"},
+      {"q find '~2' --type palindrome", 2, "", "quorvane-cli: '~2' can't be searched with --type palindrome\n"},
+      {"q find '%2s' --type exact", 2, "", "quorvane-cli: '%2s' can't be searched with --type exact\n"},
+      {"q find aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa --type exact", 2, "",
+       "quorvane-cli: Error #9 processing word '' (Subscript out of range)\n"},
+      {"q find -t", 2, "", "...a pattern that begins with - stands behind --"},
+      {"q explain -t", 2, "", "...a pattern that begins with - stands behind --"},
+      {"q find a --type words", 2, "", "...--type: 'words'"},
+      {"q find a --length 0", 2, "", "...--length: '0'"},
+      {"q find a --length 61", 2, "", "...--length: '61'"},
+      {"q find a --length 5-3", 2, "", "...--length: '5-3'"},
+      {"q find a --length 3-", 2, "", "...--length: '3-'"},
+      {"q find a --length 3-4-5", 2, "", "...--length: '3-4-5'"},
+      {"q find a --length=-5", 2, "", "...--length: '-5'"},
+      {"q find a --length x", 2, "", "...--length: 'x'"},
+      {"q find a --sort size", 2, "", "...--sort: 'size'"},
+      {"q find a --include a1", 2, "", "...--include: '1' in 'a1' is not allowed"},
+      {"q find a --include 'a?'", 2, "", "...--include: '?' in 'a?' is not allowed"},
+      {"q find a --include abca", 2, "", "...--include: 'a' stands more than once"},
+      {"q find a --exclude bb", 2, "", "...--exclude: 'b' stands more than once"},
+      {"q find a --rack 'a b'", 2, "", "...--rack: ' ' in 'a b' is not allowed"},
+      {"q find a --seed x", 2, "", "...--seed"},
+      {"q find", 2, "", "...PATTERN"},
+      {"q find a b", 2, "", "...b"},
+      {"q find a --nonsense", 2, "", "...--nonsense"},
+      {"q nonsense", 2, "", "...required"},
+      {"q", 2, "", "...required"},
+      {"q lexicon make", 2, "", "...INPUT"},
+      {"q find a --lexicon none.lex", 2, "", "...none.lex: There appears to be a problem with the Lexicon file"},
+      {"q find a --lexicon .", 2, "", "...(error 75, Path/File access error)"},
+      {"q stats --lexicon none.lex", 2, "", "...(error 53, File not found)"},
+      {": >empty.lex; q find a --lexicon empty.lex", 2, "", "...Word #0 '' (error 62, Input past end of file)"},
+  };
+  Try(rows);
+}
+
+TEST_F(CommandLine, EveryPatternThatBeginsWithADashIsExplained) {
+  const Row rows[] = {
+      {"q find --at", 2, "", "...a pattern that begins with - stands behind --"},
+      {"q find -o", 2, "", "...a pattern that begins with - stands behind --"},
+  };
+  Try(rows);
+}
+
+TEST_F(CommandLine, HelpAndVersion) {
+  EXPECT_EQ(Run("q --version").out, "quorvane-cli 1.0\n");
+  for (const char* command : {"q --help", "q find --help", "q lexicon make -h", "q explain --help", "q stats --help"}) {
+    const Result result = Run(command);
+    EXPECT_EQ(result.status, 0) << command;
+    EXPECT_NE(result.out.find("--help"), std::string::npos) << command;
+    EXPECT_EQ(result.err, "") << command;
+  }
+}
+
+TEST_F(CommandLine, FindsEachLineOfStandardInput) {
+  const Row rows[] = {
+      {"printf 'c?t\\r\\nx*\\nz*' | q find -", 0, "cat\ncut\nzoo\n", "2 words found\n0 words found\n1 word found\n"},
+      {"printf 'x*\\ny*\\n' | q find -", 1, "", "0 words found\n0 words found\n"},
+      {"printf 'at\\n;\\nz*\\n' | q find -", 2, "at\nzoo\n",
+       "1 word found\nquorvane-cli: ';' allows selection of letter(s) in a word\n1 word found\n"},
+      {"printf 'at\\n\\n' | q find -", 2, "at\n", "1 word found\nquorvane-cli: Please enter a word selection.\n"},
+      {"printf -- '-t\\n' | q find -", 0, "at\n", "1 word found\n"},
+      {"printf '' | q find -", 1, "", ""},
+      {"printf 'c?t\\nx*\\na*\\n' | q find - --count", 0, "2\n0\n3\n", "2 words found\n0 words found\n3 words found\n"},
+      {"printf 'a*\\nte*\\n' | q find - --sort long --upper", 0, "ABBA\nATE\nAT\nTEA\nTEE\n",
+       "3 words found\n2 words found\n"},
+      {"printf 'tea\\n' | q find - --type exact --length 3", 0, "ate\neat\ntea\n",
+       "3 exact-length anagrams found  (of length 3 letters)\n"},
+      {"printf 'at\\n' | q find - --save out.txt; s=$?; ls out.txt; exit $s", 2, "", "...find -"},
+      {"printf 'at\\n' | q find - --save-lexicon out.lex; s=$?; ls out.lex; exit $s", 2, "", "...find -"},
+  };
+  Try(rows);
+}
+
+TEST_F(CommandLine, Json) {
+  directory_.Write("odd.lex", "a\x80\r\na\x81\r\na\x8D\r\na\x8F\r\na\x90\r\na\x9D\r\na\"\r\na\\\r\na\t\r\n");
+  const struct {
+    const char* command;
+    int status;
+    const char* lines;  // Without the first.
+  } cases[] = {
+      {"q find 'C-t' --json", 0,
+       "{`pattern`: `C-t`, `prepared`: `c?t`, `kind`: 0, `count`: 2, `status`: `2 words found`, `ms`: T, "
+       "`words`: [`cat`, `cut`]}\n"},
+      {"q find 'caf?' --json --upper", 0,
+       "{`pattern`: `caf?`, `prepared`: `caf?`, `kind`: 0, `count`: 1, `status`: `1 word found`, `ms`: T, "
+       "`words`: [`CAF\u00C9`]}\n"},
+      {"q find '*x*' --json", 1,
+       "{`pattern`: `*x*`, `prepared`: `*x*`, `kind`: 2, `count`: 0, `status`: `0 words found`, `ms`: T, "
+       "`words`: []}\n"},
+      {"q find 'a*t*' --json --count --length 3-4", 0,
+       "{`pattern`: `a*t*`, `prepared`: `a*t*`, `kind`: 8, `count`: 1, "
+       "`status`: `1 word found  (of 3 to 4 letters in length)`, `ms`: T}\n"},
+      {"q find tea --json --count --type anagram", 0,
+       "{`pattern`: `tea`, `prepared`: `tea`, `kind`: 9, `count`: 4, `status`: `4 full anagrams found`, `ms`: T}\n"},
+      {"q find '~0' --json", 1,
+       "{`pattern`: `~0`, `prepared`: `~0`, `kind`: 0, `count`: 0, `status`: `0 Random words found`, `ms`: T, "
+       "`words`: []}\n"},
+      {"q find 'c\"a\\t' --json", 0,
+       "{`pattern`: `c\\`a\\\\t`, `prepared`: `cat`, `kind`: 0, `count`: 1, `status`: `1 word found`, `ms`: T, "
+       "`words`: [`cat`]}\n"},
+      {"q find ';' --json", 2, "{`pattern`: `;`, `refused`: `';' allows selection of letter(s) in a word`}\n"},
+      {"printf 'at\\n=\\n%%1z\\n' | q find - --json", 2,
+       "{`pattern`: `at`, `prepared`: `at`, `kind`: 0, `count`: 1, `status`: `1 word found`, `ms`: T, "
+       "`words`: [`at`]}\n"
+       "{`pattern`: `=`, `refused`: `There are no characters defined in the 'Scrabble' string`}\n"
+       "{`pattern`: `%1z`, `prepared`: `%1z`, `kind`: 11, `count`: 1, `status`: `1 sequenced word found`, `ms`: T, "
+       "`words`: [`zoo`]}\n"},
+  };
+  for (const auto& [command, status, lines] : cases) {
+    SCOPED_TRACE(command);
+    const Result result = Run(command);
+    EXPECT_EQ(result.status, status);
+    EXPECT_EQ(Plain(result.out),
+              "{`lexicon`: `" + directory_.path() + "/words.lex`, `words`: 14, `load_ms`: T}\n" + lines);
+  }
+  EXPECT_EQ(Plain(Run("q find 'a?' --json --lexicon odd.lex").out),
+            "{`lexicon`: `odd.lex`, `words`: 9, `load_ms`: T}\n"
+            "{`pattern`: `a?`, `prepared`: `a?`, `kind`: 0, `count`: 9, `status`: `9 words found`, `ms`: T, `words`: "
+            "[`a\u20AC`, `a\u0081`, `a\u008D`, `a\u008F`, `a\u0090`, `a\u009D`, `a\\``, `a\\\\`, `a\\u0009`]}\n");
+}
+
+TEST_F(CommandLine, RandomWordsFollowTheSeed) {
+  const Result first = Run("q find '~30' --seed 7");
+  EXPECT_EQ(first.status, 0);
+  EXPECT_EQ(Run("q find '~30' --seed 7").out, first.out);
+  EXPECT_NE(Run("q find '~30' --seed 8").out, first.out);
+  for (const char* command : {"q find '~30'", "q find '~30' --seed 4294967295"}) {
+    EXPECT_EQ(Run(std::string(command) + " | tr a-z A-Z | sort -u | while read w; do grep -qi \"^$w\" words.lex "
+                                         "|| echo \"$w\"; done")
+                  .out,
+              "")
+        << "words of the lexicon only";
+  }
+}
+
+TEST_F(CommandLine, Saves) {
+  const struct {
+    const char* command;
+    const char* file;
+    const char* bytes;
+    int status = 0;
+  } cases[] = {
+      {"q find '#at' --include bC --save out.txt", "out.txt",
+       "1 word found matching the word pattern \"#at\"\r\n # stands for [bc]\r\n\r\n--- START OF LIST ---\r\ncat\r\n"
+       "--- END OF LIST ---\r\n"},
+      {"q find 'a*' --sort long --upper --save home/out.txt", "home/out.txt",
+       "3 words found matching the word pattern \"a*\"\r\n\r\n--- START OF LIST ---\r\nABBA\r\nATE\r\nAT\r\n"
+       "--- END OF LIST ---\r\n"},
+      {"q find 'x*' --save out.txt", "out.txt", "0 words found matching the word pattern \"x*\"\r\n", 1},
+      {"q find '%1Ss>' --save out.txt", "out.txt", "0 sequenced words found (1 or more of 'Ss')\r\n", 1},
+      {"q find 'c&at' --save out.txt", "out.txt",
+       "1 word found matching the word pattern \"cat\"\r\n\r\n--- START OF LIST ---\r\ncat\r\n--- END OF LIST ---\r\n"},
+      {"q find 'c*' --save-lexicon new.lex && q lexicon check new.lex", "new.lex",
+       "can't\r\ncaf\xE9\r\ncat\r\ncut\r\n"},
+  };
+  for (const auto& [command, file, bytes, status] : cases) {
+    SCOPED_TRACE(command);
+    EXPECT_EQ(Run(command).status, status);
+    EXPECT_EQ(ReadFile(directory_.File(file)), bytes);
+  }
+  const Row failures[] = {
+      {"q find at --save none/out.txt", 2, "at\n",
+       "1 word found\nquorvane-cli: can't write none/out.txt: No such file or directory\n"},
+      {"q find at --save home", 2, "at\n", "1 word found\nquorvane-cli: can't write home: Is a directory\n"},
+      {"q find at --save /dev/full", 2, "at\n",
+       "1 word found\nquorvane-cli: can't write /dev/full: No space left on device\n"},
+      {"q find ';' --save out2.txt; ls out2.txt", 2, "", "...No such file"},
+  };
+  Try(failures);
+  EXPECT_EQ(ReadFile(directory_.File("words.lex")), kWords);
+}
+
+TEST_F(CommandLine, OutputThatFails) {
+  ASSERT_EQ(Run("yes abcdefghijklmnop | head -40000 | awk '{print $0 NR}' >big.lex").status, 0);
+  for (const char* command : {"find '*'", "find '*' --count", "find '*' --json", "find '*' --lexicon big.lex", "stats",
+                              "explain a", "lexicon check words.lex", "lexicon check words.lex --json"}) {
+    SCOPED_TRACE(command);
+    const Result full = Run("q " + std::string(command) + " >/dev/full");
+    EXPECT_EQ(full.status, 2);
+    EXPECT_NE(full.err.find("standard output: No space left on device"), std::string::npos) << full.err;
+    EXPECT_EQ(Run("q " + std::string(command) + " >&-").status, 2);
+  }
+  // A reader that has gone, for a program that is told by a signal and for one that is told by an error.
+  for (const char* trap : {"", "trap '' PIPE; "}) {
+    const Result closed = Run(trap + std::string("q find '*' --lexicon big.lex | head -1"));
+    EXPECT_EQ(closed.out, "abcdefghijklmnop1\n");
+    EXPECT_EQ(closed.err.find("quorvane-cli"), std::string::npos) << closed.err;
+  }
+}
+
+TEST_F(CommandLine, HelpThatCanNotBeWrittenIsAnError) {
+  for (const char* command : {"q --version >/dev/full", "q find --help >/dev/full"}) {
+    EXPECT_EQ(Run(command).status, 2) << command;
+  }
+}
+
+TEST_F(CommandLine, Explains) {
+  const struct {
+    const char* command;
+    const char* json;
+  } cases[] = {
+      {"q explain 'a*b*c*'",
+       "{`text`: `a*b*c`, `typing_kind`: 2, `noun`: `word`, `status`: `A maximum of two asterisks may be entered`, "
+       "`letters`: `(min. 3 letters)`, `can_search`: true, `anagrams`: false, `palindrome`: true, "
+       "`save_as_lexicon`: true, `beeps`: 4, `prepared`: `a*b*c`, `kind`: 8}"},
+      {"q explain 'a*b*c*d*' --paste",
+       "{`text`: `a*b*c`, `typing_kind`: 2, `noun`: `word`, `status`: `A maximum of two asterisks may be entered`, "
+       "`letters`: `(min. 3 letters)`, `can_search`: true, `anagrams`: false, `palindrome`: true, "
+       "`save_as_lexicon`: true, `beeps`: 12, `prepared`: `a*b*c`, `kind`: 8}"},
+      {"q explain '%2sS>' --type palindrome",
+       "{`text`: `%2sS>`, `typing_kind`: 11, `noun`: `sequenced word`, "
+       "`status`: `Add more letters or an optional '>' (specifies 2 or more)`, "
+       "`letters`: `Words with >=2 counts of 'sS'`, `can_search`: true, `anagrams`: false, `palindrome`: false, "
+       "`save_as_lexicon`: true, `beeps`: 0, `prepared`: `%2ss>`, `kind`: 11}"},
+      {"q explain '~12' --type anagram",
+       "{`text`: `~12`, `typing_kind`: 12, `noun`: `Random word`, "
+       "`status`: `'~' allows display of random words - specify a number [default 1]`, "
+       "`letters`: `12 random words`, `can_search`: true, `anagrams`: false, `palindrome`: false, "
+       "`save_as_lexicon`: false, `beeps`: 0, `prepared`: `~12`, `kind`: 0}"},
+      {"q explain Tea= --type exact --rack=",
+       "{`text`: `Tea`, `typing_kind`: 0, `noun`: `exact-length anagram`, "
+       "`status`: `There are no characters defined in the 'Scrabble' string`, `letters`: `(3 letters)`, "
+       "`can_search`: true, `anagrams`: true, `palindrome`: true, `save_as_lexicon`: true, `beeps`: 4, "
+       "`prepared`: `tea`, `kind`: 10}"},
+      {"q explain '#' --include aB",
+       "{`text`: `#`, `typing_kind`: 0, `noun`: `word`, "
+       "`status`: `'#' currently stands for including any of [ab]`, `letters`: `(1 letter)`, `can_search`: true, "
+       "`anagrams`: false, `palindrome`: true, `save_as_lexicon`: true, `beeps`: 0, `prepared`: `#`, `kind`: 0}"},
+  };
+  for (const auto& [command, json] : cases) {
+    SCOPED_TRACE(command);
+    const Result result = Run(command);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(Plain(result.out), json + std::string("\n"));
+    EXPECT_EQ(result.err, "");
+  }
+}
+
+TEST_F(CommandLine, ChecksLexicons) {
+  directory_.Write("b.lex", "b\r\nmm\r\n");
+  directory_.Write("bad.lex", "b\r\n\xE9t\xE9\r\n");
+  directory_.Write("unsorted.lex", [] {
+    std::string text;
+    for (int i = 0; i < 27; ++i) {
+      text += i % 2 == 0 ? "a\n" : "b\n";
+    }
+    return text;
+  }());
+  EXPECT_EQ(Plain(Run("q lexicon check b.lex --json").out),
+            "{`outcome`: `ok`, `message`: ``, `count`: 2, `word`: `mm`, `letter_start`: [" + Repeat(2, "0") + ", " +
+                Repeat(11, "1") + ", " + Repeat(14, "2") + ", " + Repeat(4, "0") + "], `length_count`: [0, 1, 1, " +
+                Repeat(88, "0") + "]}\n");
+  const struct {
+    const char* command;
+    int status;
+    const char* begins;
+  } cases[] = {
+      {"q lexicon check words.lex", 0, "words.lex: 14 words, usable\n"},
+      {"q lexicon check bad.lex --json", 2,
+       "{`outcome`: `list_err`, `message`: `There appears to be a problem with the Lexicon file, specifically at the "
+       "following point:`, `count`: 2, `word`: `\u00E9t\u00E9`, `letter_start`: [0, "},
+      {"q lexicon check bad.lex", 2,
+       "bad.lex: There appears to be a problem with the Lexicon file, specifically at "
+       "the following point: Word #2 '\xE9t\xE9' (error 9"},
+      {"q lexicon check none.lex --json", 2,
+       "{`outcome`: `list_err`, `message`: `There appears to be a problem with the Lexicon file, specifically at the "
+       "following point:`, `count`: 0, `word`: ``, "},
+      {"q lexicon check unsorted.lex --json", 2,
+       "{`outcome`: `notalpha`, `message`: `Word list is not sorted alphabetically.  You must sort it or use another "
+       "list.`, `count`: 27, `word`: `a`, "},
+      {"yes ab | head -2000001 >big.lex; q lexicon check big.lex --json", 0,
+       "{`outcome`: `capacity`, `message`: `Word list exceeds 2,000,000 words.`, `count`: 2000000, `word`: `ab`, "},
+      {"q find '*b' --lexicon big.lex 2>&1", 0, "quorvane-cli: big.lex: Word list exceeds 2,000,000 words.\n"},
+      {"q find '*b' --json --lexicon /dev/stdin <big.lex", 0, "{`lexicon`: `/dev/stdin`, `words`: 2000000, "},
+      {"head -1500000 big.lex | q find 'ab' --json --lexicon /dev/stdin", 0,
+       "{`lexicon`: `/dev/stdin`, `words`: 1500000, "},
+      {"q stats --lexicon b.lex", 0, "2 words in b.lex\n\nCount by letter\n    A         0\n    B         1\n"},
+      {"q stats --lexicon b.lex | tail -26", 0, "    1         1\n    2         1\n    3         0\n"},
+  };
+  for (const auto& [command, status, begins] : cases) {
+    SCOPED_TRACE(command);
+    const Result result = Run(command);
+    EXPECT_EQ(result.status, status);
+    EXPECT_EQ(Plain(result.out).substr(0, std::string_view(begins).size()), begins);
+  }
+}
+
+TEST_F(CommandLine, MakesLexicons) {
+  directory_.Write("one.txt", "\xEF\xBB\xBFZoo 1\r\n\xC3\x89t\xC3\xA9\r\ncan't\r\nx2\r\nco-op\r\n4\r\n\r\n");
+  directory_.Write("two.txt", "zoo\ncaf\xE9\tx\n" + std::string(91, 'a'));
+  directory_.Write("old.lex", "old\r\n");
+  const std::string report =
+      "10 lines read, 3 words kept\n1 left out, empty ('')\n1 left out, longer than 90 characters ('" +
+      std::string(91, 'a') +
+      "')\n4 left out, with characters other than letters ('can't', 'x2', 'co-op')\n"
+      "1 left out, repeated ('zoo')\n";
+  const Row rows[] = {
+      {"q lexicon make one.txt two.txt -o old.lex && cat old.lex", 0, "cafe\r\nete\r\nzoo\r\n", report.c_str()},
+      {"q lexicon make none.txt -o old.lex", 2, "", "quorvane-cli: can't read none.txt: No such file or directory\n"},
+      {"q lexicon make . -o old.lex", 2, "", "quorvane-cli: can't read .: Is a directory\n"},
+      {"q lexicon make one.txt -o home", 2, "", "...can't write home: Is a directory\n"},
+      {"q lexicon make one.txt -o /dev/full", 2, "", "...can't write /dev/full: No space left on device\n"},
+      {"echo 4 >four.txt; q lexicon make four.txt -o old.lex", 2, "", "...nothing was written\n"},
+      {"seq 2000001 | tr 0-9 a-j | q lexicon make /dev/stdin -o old.lex", 2, "",
+       "2000001 lines read, 2000001 words kept\n"
+       "quorvane-cli: 2000001 words are more than a lexicon holds (2,000,000); nothing was written\n"},
+  };
+  Try(rows);
+  EXPECT_EQ(ReadFile(directory_.File("old.lex")), "cafe\r\nete\r\nzoo\r\n") << "a failure leaves what was there";
+}
+
+TEST_F(CommandLine, TheProgramsDirectory) {
+  for (const char* name : {"app/bin", "app/share/quorvane", "data", "env"}) {
+    fs::create_directories(directory_.File(name));
+  }
+  const std::string program = directory_.File("app/bin/quorvane-cli");
+  fs::copy_file(QUORVANE_CLI, program);
+  directory_.Write("app/share/quorvane/words.lex", "installed\r\n");
+  directory_.Write("data/words.lex", "data\r\n");
+  directory_.Write("env/words.lex", "env\r\n");
+  const struct {
+    const char* command;
+    int status;
+    const char* out;
+  } cases[] = {
+      {"QUORVANE_DIR=env q find '*' --data-dir data; ls home", 0, "data\n"},
+      {"QUORVANE_DIR=env q find '*'; ls home", 0, "env\n"},
+      {"QUORVANE_DIR=env q stats --data-dir=data | head -1; ls home", 0, "1 word in @/data/words.lex\n"},
+      {"QUORVANE_DIR= XDG_DATA_HOME=$PWD/home q find '*' --lexicon env/words.lex; ls home", 0, "env\n"},
+      {"QUORVANE_DIR= XDG_DATA_HOME=$PWD/home q find '*'; ls home/quorvane", 0, "installed\nwords.lex\n"},
+      {"echo mine >home/quorvane/words.lex; QUORVANE_DIR= XDG_DATA_HOME=$PWD/home q find '*'", 0, "mine\n"},
+      {"QUORVANE_DIR= q find '*'; ls home/.local/share/quorvane", 0, "installed\nwords.lex\n"},
+      {"cp data/words.lex app/bin; QUORVANE_DIR= q find '*'", 0, "data\n"},
+      {"QUORVANE_DIR=none q find '*'", 2, ""},
+      {"rm app/bin/words.lex; QUORVANE_DIR= XDG_DATA_HOME=$PWD/words.lex q find '*'", 2, ""},
+  };
+  for (const auto& [command, status, out] : cases) {
+    SCOPED_TRACE(command);
+    const Result result = Run(command, program);
+    EXPECT_EQ(result.status, status) << result.err;
+    EXPECT_EQ(result.out, std::regex_replace(out, std::regex("@"), directory_.path()));
+  }
+  EXPECT_FALSE(fs::exists(directory_.File("none")));
+  EXPECT_NE(Run("QUORVANE_DIR= XDG_DATA_HOME=$PWD/words.lex q find '*'", program).err.find("Not a directory"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace quorvane::test
