@@ -62,12 +62,13 @@ PrintSettings ReadSetupSettings(SettingsStore& store) {
   settings.fontName = GetSetting(store, Setting::FontName);
   SaveSetting(store, Setting::FontName, settings.fontName);
   settings.italic = IsYes(GetSetting(store, Setting::Italic));
-  SaveSetting(store, Setting::Italic, settings.italic);
+  SaveYesNo(store, Setting::Italic, settings.italic);
   const std::string paper = GetSetting(store, Setting::PaperSize);
   settings.paperName = PaperOfName(paper) ? paper : std::string(NameOf(Paper::Letter));
   SaveSetting(store, Setting::PaperSize, settings.paperName);
   settings.landscape = GetSetting(store, Setting::PrinterOrientation) == "Landscape";
-  SaveSetting(store, Setting::PrinterOrientation, settings.landscape ? "Landscape" : "Portrait");
+  SaveSetting(store, Setting::PrinterOrientation,
+              settings.landscape ? "Landscape" : "Portrait");
   return settings;
 }
 

@@ -1,7 +1,6 @@
 #include "search/input_check.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/text.h"
 #include "search/wildcards.h"
@@ -38,7 +37,21 @@ class Check {
   Check(InputState& state, const CharacterLists& lists, InputMessages& messages)
       : state_(state), lists_(lists), messages_(messages) {}
 
+  // A text that a step replaces is checked anew from the start; what the step had to say of it comes behind what the
+  // new text has to say.
   void Run() {
+    do {
+      replaced_ = false;
+      RunOnce();
+    } while (replaced_);
+    for (; !refusals_.empty(); refusals_.pop_back()) {
+      Say(refusals_.back());
+      messages_.beeps += kBeepsOfRefusal;
+    }
+  }
+
+ private:
+  void RunOnce() {
     switch (state_.text.empty() ? '\0' : state_.text.front()) {
       case '~':
         RandomWords();
@@ -54,22 +67,18 @@ class Check {
     }
   }
 
- private:
   void Say(std::string_view status) { messages_.statusTexts.emplace_back(status); }
 
-  void Refuse(std::string_view status) {
-    Say(status);
-    messages_.beeps += kBeepsOfRefusal;
-  }
+  void Refuse(std::string_view status) { refusals_.emplace_back(status); }
 
-  // Puts another text into the box, which is checked at once. False when it is the same text.
+  // Puts another text into the box. False when it is the same text.
   bool Replace(std::string text, size_t caret) {
     if (text == state_.text) {
       return false;
     }
     state_.caret = std::min(caret, text.size());
     state_.text = std::move(text);
-    Run();
+    replaced_ = true;
     return true;
   }
 
@@ -109,9 +118,9 @@ class Check {
     state_.saveAsLexicon = false;
     WordListOnly();
     StartSpecialMode(PatternKind::Random, "Random word", kRandomHelp);
-    Filter([](char c, size_t position) {
-      return position == 1 || (IsDigit(c) && position <= kMaxRandomLength);
-    });
+    if (Filter([](char c, size_t position) { return position == 1 || (IsDigit(c) && position <= kMaxRandomLength); })) {
+      return;
+    }
     int count = 1;
     ParseInteger(state_.text.size() > 1 ? state_.text.substr(1) : "1", count);
     state_.randomCount = count;
@@ -199,8 +208,9 @@ class Check {
     state_.noun = FactsOf(state_.selected).noun;
     const std::string_view digits = AllowedDigits();
     const auto allowed = [digits](char c) { return IsLetter(c) || Holds(kPlainCharacters, c) || Holds(digits, c); };
-    if (!state_.text.empty() && !allowed(state_.text.back())) {
-      ReplaceByPart(state_.text.size() - 1);
+    const auto lastAllowed = std::find_if(state_.text.rbegin(), state_.text.rend(), allowed);
+    if (lastAllowed != state_.text.rbegin()) {
+      ReplaceByPart(static_cast<size_t>(state_.text.rend() - lastAllowed));
       return;
     }
     if (Filter([&allowed](char c, size_t) { return allowed(c); })) {
@@ -271,6 +281,8 @@ class Check {
   InputState& state_;
   const CharacterLists& lists_;
   InputMessages& messages_;
+  bool replaced_ = false;
+  std::vector<std::string> refusals_;  // Of texts that were replaced, the outermost first.
 };
 
 }  // namespace

@@ -58,22 +58,25 @@ void EventLog::Open() {
   }
 }
 
-void EventLog::Reopen() {
-  const bool wasOpen = IsOpen();
+std::optional<FileError> EventLog::Reopen() {
+  if (!IsOpen()) {
+    return std::nullopt;
+  }
   // What is still held is written when the file is closed: a full disk shows here.
-  if (wasOpen && std::fclose(file_.release()) != 0) {
-    Fail(errno);
-  }
-  if (wasOpen) {
-    Open();
-  }
+  const bool written = std::ferror(file_.get()) == 0;
+  const bool closed = std::fclose(file_.release()) == 0;
+  const int error = errno;
+  Open();
+  return written && closed ? std::nullopt : std::optional(Fail(error));
 }
 
-void EventLog::Fail(int errnoValue) {
+FileError EventLog::Fail(int errnoValue) {
+  FileError error = FileErrorOfErrno(path_, errnoValue);
   if (!failed_) {
     failed_ = true;
-    onFailure_(FileErrorOfErrno(path_, errnoValue));
+    onFailure_(error);
   }
+  return error;
 }
 
 void EventLog::WriteLine(std::string_view line) {
@@ -83,15 +86,15 @@ void EventLog::WriteLine(std::string_view line) {
   }
 }
 
-void EventLog::Write(std::string_view code, std::string_view message) {
+std::optional<FileError> EventLog::Write(std::string_view code, std::string_view message) {
   if (!on_) {
-    return;
+    return std::nullopt;
   }
   if (code.find(event::kStart) != std::string_view::npos) {
     WriteLine(std::string(kSeparatorWidth, '='));
   }
   WriteLine(LogLine(code, message, clock_()));
-  Reopen();
+  return Reopen();
 }
 
 void EventLog::SwitchOn() {

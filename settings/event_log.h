@@ -64,7 +64,8 @@ class EventLog {
 
   // One entry; the file is closed and opened again behind it, so that it is on disk whatever happens then. An entry
   // whose code contains "START" anywhere has a separator line in front.
-  void Write(std::string_view code, std::string_view message);
+  // The failure, if it could not be written; nothing while the log is off or could not be opened at all.
+  std::optional<FileError> Write(std::string_view code, std::string_view message);
 
   void SwitchOn();
   void SwitchOff();
@@ -79,8 +80,8 @@ class EventLog {
 
  private:
   void WriteLine(std::string_view line);
-  void Reopen();
-  void Fail(int errnoValue);
+  std::optional<FileError> Reopen();
+  FileError Fail(int errnoValue);
 
   const std::string path_;
   const LocalClock clock_;

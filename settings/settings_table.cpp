@@ -6,6 +6,7 @@
 #include <cmath>
 #include <optional>
 
+#include "base/file.h"
 #include "base/text.h"
 #include "settings/colours.h"
 
@@ -126,6 +127,14 @@ std::string GetSettingWithOtherDefault(const SettingsStore& store, Setting setti
 void SaveSetting(SettingsStore& store, Setting setting, std::string_view value) {
   const SettingRow& row = RowOf(setting);
   store.Save(kApplicationName, row.section, row.key, value);
+}
+
+std::string SaveFilePath(const SettingsStore& store, std::string_view programDirectory) {
+  std::string path = GetSetting(store, Setting::SaveFileName);
+  if (path.empty() || path == kNotFound) {
+    path = RowOf(Setting::SaveFileName).defaultValue;
+  }
+  return HasDirectory(path) ? path : JoinPath(programDirectory, path);
 }
 
 std::string Repaired(Setting setting, std::string value) {

@@ -88,14 +88,17 @@ std::string GetSetting(const SettingsStore& store, Setting setting);
 // The same with the second default of the row: print columns in the setup window, custom colours from a colour sample.
 std::string GetSettingWithOtherDefault(const SettingsStore& store, Setting setting);
 void SaveSetting(SettingsStore& store, Setting setting, std::string_view value);
-inline void SaveSetting(SettingsStore& store, Setting setting, bool yes) {
-  SaveSetting(store, setting, yes ? std::string_view("Yes") : std::string_view("No"));
+inline void SaveYesNo(SettingsStore& store, Setting setting, bool yes) {
+  SaveSetting(store, setting, yes ? "Yes" : "No");
 }
 
 inline constexpr std::string_view kNotFound = "NotFound";
 inline bool IsYes(std::string_view value) {
   return value == "Yes";
 }
+
+// The results file as stored, completed with the program's directory when it is a bare name or missing.
+std::string SaveFilePath(const SettingsStore& store, std::string_view programDirectory);
 
 // The value as the start-up read takes it: "NotFound" and damaged values replaced.
 std::string Repaired(Setting setting, std::string value);

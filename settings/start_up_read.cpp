@@ -109,13 +109,7 @@ LexiconChoice StartUpRead::ReadStore() {
   RetireOldList("PRD RenameFile");
 
   // PRE and PRF: the save file.
-  std::string saveFile = store_.Get(kApplicationName, "Locations", "SaveFileName", "");
-  if (saveFile.empty() || saveFile == kNotFound) {
-    saveFile = RowOf(Setting::SaveFileName).defaultValue;
-  }
-  if (!HasDirectory(saveFile)) {
-    saveFile = JoinPath(directory_, saveFile);
-  }
+  const std::string saveFile = SaveFilePath(store_, directory_);
   SaveSetting(store_, Setting::SaveFileName, saveFile);
   CheckSaveFile(saveFile, kDummyLine, false);
 
@@ -139,7 +133,7 @@ LexiconChoice StartUpRead::ReadStore() {
 
   // PRS: a fixed-pitch list survives one restart.
   const bool fixed = GetSetting(store_, Setting::ListFont) == "Fixed";
-  SaveSetting(store_, Setting::ListFont, fixed ? std::string_view() : std::string_view("Prop"));
+  SaveSetting(store_, Setting::ListFont, fixed ? "" : "Prop");
   site_.Apply(Setting::ListFont, fixed ? "Fixed" : "Prop");
 
   ReadPrinter();
@@ -190,7 +184,9 @@ void StartUpRead::CheckSaveFile(const std::string& name, std::string_view dummyL
 // A printer that has gone away is no longer the chosen one.
 void StartUpRead::ReadPrinter() {
   const std::string stored = GetSetting(store_, Setting::PrinterName);
-  const StartUpSite::Printers printers = site_.ListPrinters();
+  // Listing the printers takes its time; where none was chosen there is none to look for.
+  const bool chosen = stored != kUndefinedPrinter && stored != kNotFound && !stored.empty();
+  const StartUpSite::Printers printers = chosen ? site_.ListPrinters() : StartUpSite::Printers{};
   if (printers.error) {
     Report(MakeRunTimeError(*printers.error), "PRT PrNm");
   }

@@ -1,0 +1,150 @@
+#include "app/frm_amend.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStorageInfo>
+#include <QTreeView>
+
+#include "base/click_label_panel.h"
+#include "base/qt_text.h"
+#include "settings/settings_table.h"
+
+namespace quorvane {
+namespace {
+
+constexpr const char* kInfo = "This is the directory where the saved word-list file will be written to.";
+
+// The roots of the mounted file systems that hold files of the user's; "/" is always the first.
+QStringList Drives() {
+  QStringList roots{"/"};
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    const bool device = volume.device().startsWith("/dev/");
+    if (volume.isReady() && device && QFileInfo(volume.rootPath()).isDir() && !roots.contains(volume.rootPath())) {
+      roots.push_back(volume.rootPath());
+    }
+  }
+  return roots;
+}
+
+}  // namespace
+
+FrmAmend::FrmAmend(Services& services, QWidget* parent) : QDialog(parent), services_(services) {
+  setObjectName("frmAmend");
+  setWindowTitle("Save File location change");
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(MakeLabel("lblInfo", kInfo, {}, this));
+  auto* grid = new QGridLayout;
+  MakeControls(grid);
+  layout->addLayout(grid, 1);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  auto* apply = Named(new QPushButton("&Apply", this), "ApplyModify", "Store the name");
+  auto* cancel = Named(new QPushButton("&Cancel", this), "CancelModify", "Keep the name as it was");
+  apply->setDefault(true);
+  buttons->addWidget(apply);
+  buttons->addWidget(cancel);
+  layout->addLayout(buttons);
+
+  const QFileInfo stored(FromText(
+      ResolvePath(services_.programDirectory, SaveFilePath(services_.settings, services_.programDirectory))));
+  tbNewFileName_->setText(stored.fileName());
+  ShowDirectory(QDir::cleanPath(stored.absolutePath()));
+  connect(drives_, &QComboBox::activated, this, [this] { ShowDirectory(drives_->currentText()); });
+  connect(apply, &QPushButton::clicked, this, &FrmAmend::Apply);
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  resize(480, 420);
+}
+
+void FrmAmend::MakeControls(QGridLayout* grid) {
+  const auto addRow = [&](int row, const QString& text, QWidget* control) {
+    QLabel* label = MakeLabel({}, text, {}, this);
+    label->setBuddy(control);
+    control->setAccessibleName(QString(text).remove(':'));
+    grid->addWidget(label, row, 0, Qt::AlignTop);
+    grid->addWidget(control, row, 1);
+  };
+  drives_ = Named(new QComboBox(this), "tbNewSaveFileDrive", "Root of the directory list");
+  drives_->addItems(Drives());
+  addRow(0, "Drive:", drives_);
+  directories_ = Named(new QTreeView(this), "tbNewSaveFileDirectory", kInfo);
+  model_ = new QFileSystemModel(this);
+  model_->setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
+  model_->setRootPath("/");
+  directories_->setModel(model_);
+  directories_->setHeaderHidden(true);
+  for (int column = 1; column < model_->columnCount(); ++column) {
+    directories_->hideColumn(column);
+  }
+  addRow(1, "Save directory:", directories_);
+  grid->setRowStretch(1, 1);
+  tbNewFileName_ = Named(new QLineEdit(this), "tbNewFileName", "Name of the results file");
+  addRow(2, "File Name:", tbNewFileName_);
+  cbSaveInAppDir_ = Named(new QCheckBox("Save in Quorvane directory?", this), "cbSaveInAppDir",
+                          FromText(services_.programDirectory));
+  grid->addWidget(cbSaveInAppDir_, 3, 1);
+}
+
+// Shows the drive that holds the directory, with the directory selected; the nearest one there is when it is gone.
+void FrmAmend::ShowDirectory(const QString& directory) {
+  QString shown = directory;
+  while (!QFileInfo(shown).isDir() && shown != "/") {
+    shown = QFileInfo(shown).absolutePath();
+  }
+  int drive = 0;
+  for (int i = 1; i < drives_->count(); ++i) {
+    const QString root = drives_->itemText(i);
+    if ((shown == root || shown.startsWith(root + "/")) && root.size() > drives_->itemText(drive).size()) {
+      drive = i;
+    }
+  }
+  drives_->setCurrentIndex(drive);
+  const QModelIndex index = model_->index(shown);
+  directories_->setCurrentIndex(index);
+  directories_->expand(index);
+  directories_->scrollTo(index);
+}
+
+QString FrmAmend::Directory() const {
+  const QModelIndex index = directories_->currentIndex();
+  return index.isValid() ? model_->filePath(index) : drives_->currentText();
+}
+
+void FrmAmend::Apply() {
+  std::string name = ToText(tbNewFileName_->text());
+  if (name.empty()) {
+    services_.door.Show(this, "Please enter a file name.");
+    tbNewFileName_->setFocus();
+    return;
+  }
+  if (HasDirectory(name)) {
+    services_.door.Show(this, "'" + name + "' is no file name: choose the directory in the list above it.");
+    tbNewFileName_->setFocus();
+    return;
+  }
+  if (name.find('.') == std::string::npos) {
+    name += ".txt";
+  }
+  const bool inProgramDirectory = cbSaveInAppDir_->isChecked();
+  const std::string directory = inProgramDirectory ? services_.programDirectory : ToText(Directory());
+  const QFileInfo folder(FromText(directory));
+  if (!folder.isDir() || !folder.isWritable()) {
+    services_.door.Show(this, "The directory " + directory +
+                                  (folder.isDir() ? " can't be written to." : " does not exist."));
+    return;
+  }
+  const std::string path = JoinPath(directory, name);
+  SaveSetting(services_.settings, Setting::SaveFileName, path);
+  services_.log.Write(event::kSaveNameUpdated,
+                      "Updated save filename: " + path +
+                          (inProgramDirectory ? " (saved in Quorvane directory, " + directory + ")" : ""));
+  accept();
+}
+
+}  // namespace quorvane

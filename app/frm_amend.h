@@ -1,0 +1,37 @@
+// Changes where the results file is written.
+#pragma once
+
+#include <QDialog>
+
+#include "app/services.h"
+
+class QCheckBox;
+class QComboBox;
+class QFileSystemModel;
+class QGridLayout;
+class QLineEdit;
+class QTreeView;
+
+namespace quorvane {
+
+class FrmAmend : public QDialog {
+  Q_OBJECT
+
+ public:
+  FrmAmend(Services& services, QWidget* parent);
+
+ private:
+  void MakeControls(QGridLayout* grid);
+  void ShowDirectory(const QString& directory);
+  QString Directory() const;
+  void Apply();
+
+  Services& services_;
+  QComboBox* drives_ = nullptr;
+  QTreeView* directories_ = nullptr;
+  QFileSystemModel* model_ = nullptr;
+  QLineEdit* tbNewFileName_ = nullptr;
+  QCheckBox* cbSaveInAppDir_ = nullptr;
+};
+
+}  // namespace quorvane

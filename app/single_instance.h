@@ -1,0 +1,28 @@
+// One instance a user.
+#pragma once
+
+#include <QLockFile>
+#include <QString>
+
+#include "base/file.h"
+
+namespace quorvane {
+
+inline constexpr const char* kSecondInstanceText =
+    "Quorvane is already running on this machine.\n\r       Only one such instance is allowed.";
+
+class SingleInstance {
+ public:
+  enum class Outcome { First, Second, NoLock };
+
+  // A lock in the user's runtime folder. It is never stale by age; that of a process that is gone is taken over.
+  SingleInstance();
+  Outcome Claim();
+  QString LockPath() const { return path_; }
+
+ private:
+  QString path_;
+  QLockFile lock_;
+};
+
+}  // namespace quorvane

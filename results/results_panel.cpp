@@ -1,0 +1,79 @@
+#include "results/results_panel.h"
+
+#include <QLabel>
+#include <QListView>
+#include <QVBoxLayout>
+
+#include "base/click_label_panel.h"
+#include "base/qt_text.h"
+#include "results/summary.h"
+
+namespace quorvane {
+namespace {
+
+// A list whose first size is given; from there it grows with the window.
+class WordListView : public QListView {
+ public:
+  using QListView::QListView;
+  void SetRegionHeight(int height) {
+    regionHeight_ = height;
+    updateGeometry();
+  }
+  QSize sizeHint() const override { return {QListView::sizeHint().width(), regionHeight_}; }
+
+ private:
+  int regionHeight_ = PixelsOfTwips(3540);
+};
+
+}  // namespace
+
+ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
+  setObjectName("resultsPanel");
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  lblAnswers_ = MakeLabel("lblAnswers", "Results :", {}, this);
+  lbWordList_ = Named(new WordListView(this), "lbWordList", "The words found; a double click copies one");
+  lbWordList_->setAccessibleName("Results");
+  lbWordList_->setUniformItemSizes(true);
+  lbWordList_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  lbWordList_->setSelectionMode(QAbstractItemView::SingleSelection);
+  lbWordList_->setMinimumWidth(240);
+  lblAnswers_->setBuddy(lbWordList_);
+  lblXofY_ = MakeLabel("lblXofY", "", "Number of word within current list, and also word length", this);
+  lblXofY_->setMinimumHeight(2 * lblXofY_->fontMetrics().lineSpacing());
+  lblXofY_->setAlignment(Qt::AlignTop);
+  layout->addWidget(lblAnswers_);
+  layout->addWidget(lbWordList_, 1);
+  layout->addWidget(lblXofY_);
+  model_ = new WordListModel(results_, this);
+  lbWordList_->setModel(model_);
+  connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &ResultsPanel::SelectionChanged);
+  connect(lbWordList_, &QListView::clicked, this, &ResultsPanel::SelectionChanged);
+  connect(lbWordList_, &QListView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
+}
+
+std::optional<size_t> ResultsPanel::Selected() const {
+  const QModelIndexList selected = lbWordList_->selectionModel()->selectedIndexes();
+  return selected.isEmpty() ? std::nullopt : std::optional(static_cast<size_t>(selected.front().row()));
+}
+
+void ResultsPanel::ClearPosition() {
+  lblXofY_->clear();
+}
+
+void ResultsPanel::SetRegionHeight(int height) {
+  static_cast<WordListView*>(lbWordList_)->SetRegionHeight(height);
+}
+
+void ResultsPanel::SelectionChanged() {
+  const auto selected = Selected();
+  if (selected) {
+    const auto length = static_cast<int64_t>(results_.Entry(*selected).size());
+    lblXofY_->setText(ScreenText(PositionText(static_cast<int64_t>(*selected) + 1, length,
+                                              static_cast<int64_t>(results_.FoundCount()))));
+  }
+  emit EntrySelected(selected.has_value());
+}
+
+}  // namespace quorvane
