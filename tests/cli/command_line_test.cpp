@@ -5,8 +5,8 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <filesystem>
-#include <regex>
 #include <vector>
 
 #include "tests/support/temporary_directory.h"
@@ -89,9 +89,16 @@ class CommandLine : public testing::Test {
 };
 
 // JSON as the rows below hold it: without its times, and with ` for ".
-std::string Plain(const std::string& json) {
-  const std::string timeless = std::regex_replace(json, std::regex("ms\": [0-9]+(\\.[0-9]+)?"), "ms\": T");
-  return std::regex_replace(timeless, std::regex("\""), "`");
+std::string Plain(std::string json) {
+  constexpr std::string_view kTime = "ms`: ";
+  std::replace(json.begin(), json.end(), '"', '`');
+  for (size_t at = json.find(kTime); at != std::string::npos; at = json.find(kTime, at + 1)) {
+    const size_t number = at + kTime.size();
+    const size_t length = json.find_first_not_of("0123456789.", number) - number;
+    EXPECT_GT(length, 0u) << json;
+    json.replace(number, length, "T");
+  }
+  return json;
 }
 
 // The same number `count` times, parted as in JSON.
@@ -485,7 +492,7 @@ TEST_F(CommandLine, TheProgramsDirectory) {
   } cases[] = {
       {"QUORVANE_DIR=env q find '*' --data-dir data; ls home", 0, "data\n"},
       {"QUORVANE_DIR=env q find '*'; ls home", 0, "env\n"},
-      {"QUORVANE_DIR=env q stats --data-dir=data | head -1; ls home", 0, "1 word in @/data/words.lex\n"},
+      {"QUORVANE_DIR=env q stats --data-dir=data | head -1 | sed \"s|$PWD/||\"", 0, "1 word in data/words.lex\n"},
       {"QUORVANE_DIR= XDG_DATA_HOME=$PWD/home q find '*' --lexicon env/words.lex; ls home", 0, "env\n"},
       {"QUORVANE_DIR= XDG_DATA_HOME=$PWD/home q find '*'; ls home/quorvane", 0, "installed\nwords.lex\n"},
       {"echo mine >home/quorvane/words.lex; QUORVANE_DIR= XDG_DATA_HOME=$PWD/home q find '*'", 0, "mine\n"},
@@ -498,7 +505,7 @@ TEST_F(CommandLine, TheProgramsDirectory) {
     SCOPED_TRACE(command);
     const Result result = Run(command, program);
     EXPECT_EQ(result.status, status) << result.err;
-    EXPECT_EQ(result.out, std::regex_replace(out, std::regex("@"), directory_.path()));
+    EXPECT_EQ(result.out, out);
   }
   EXPECT_FALSE(fs::exists(directory_.File("none")));
   EXPECT_NE(Run("QUORVANE_DIR= XDG_DATA_HOME=$PWD/words.lex q find '*'", program).err.find("Not a directory"),

@@ -194,6 +194,27 @@ TEST(Scan, LongWords) {
   EXPECT_EQ(search.Run("x*"), x70.substr(10));
 }
 
+TEST(Scan, WordsOfEveryLength) {
+  // "y" comes last in each word: every pattern fits all words from three letters on, or none.
+  Words words;
+  for (size_t length = 3; length <= 90; ++length) {
+    words.push_back(std::string(length - 1, 'x') + "y");
+  }
+  const auto lexicon = Load(words);
+  const std::pair<const char*, bool> cases[] = {
+      {"x*", true},     {"y*", false},   {"*y", true},    {"*x", false},    {"x*y", true},   {"x*x", false},
+      {"?*xy", true},   {"*xxy*", true}, {"*yx*", false}, {"*1y1*", false}, {"*11*", true},  {"1*1*y", true},
+      {"1*1", false},   {"$*$*$", true}, {"*@*", false},  {"1*2", true},    {"x*xy*", true}, {"x*yx*", false},
+      {"%1y", true},    {"%1xy>", true}, {"%2y", false},  {";xxy", true},   {";xyx", false}, {";yxx~", true},
+      {";yyx~", false}, {"=*", true},    {"*=", false},   {"#*", true},     {"*!", false}};
+  for (const auto& [text, fits] : cases) {
+    Search search(lexicon);
+    search.request.lists = {"x", "y", "x"};
+    search.Run(text);
+    EXPECT_EQ(search.found.size(), fits ? words.size() : 0u) << text;
+  }
+}
+
 TEST(Scan, AtTheCapacityTheIndexIsUnfinished) {
   Search search(Load({"ab", "mb", "zb", "zc"}, 3));
   EXPECT_EQ(search.Run("*"), "ab mb zb");
