@@ -95,8 +95,7 @@ std::string Plain(std::string json) {
   for (size_t at = json.find(kTime); at != std::string::npos; at = json.find(kTime, at + 1)) {
     const size_t number = at + kTime.size();
     const size_t length = json.find_first_not_of("0123456789.", number) - number;
-    EXPECT_GT(length, 0u) << json;
-    json.replace(number, length, "T");
+    json.replace(number, length, length > 0 ? "T" : "");
   }
   return json;
 }

@@ -133,6 +133,10 @@ TEST(Scan, FindsWhatFits) {
       {"aaa aab aba", "=*=*", "aab aba", kWord, {"", "", "ab"}},
       {"ab aba abab bab", "a*a*", "aba abab"},
       {"ab b bab", "*b*b", "bab"},
+      {"abab abx xab", "?*ab*", "abab xab"},
+      {"abab abx xab", "1*ab*", "abab xab"},
+      {"abab abx xab", "*ab*?", "abab abx"},
+      {"abab abxab xabx", "?*ab*2", "xabx"},
       // Anagrams.
       {"at ate eat tea teat tee", "tea", "at ate eat tea", kAnagram},
       {"at ate eat tea", "tea", "at", kAnagram, {}, 2, 2},
