@@ -8,9 +8,12 @@ namespace quorvane {
 namespace {
 
 constexpr std::array kMenus = {
-    MenuRow{Menu::File, "menFile", "&File"},          MenuRow{Menu::Select, "menSelect", "&Select"},
-    MenuRow{Menu::WordType, "menWordType", "Word &Type"}, MenuRow{Menu::Options, "menOptions", "&Options"},
-    MenuRow{Menu::Colours, "menColours", "&Colours"}, MenuRow{Menu::Help, "menHelp", "&Help"},
+    MenuRow{Menu::File, "menFile", "&File"},
+    MenuRow{Menu::Select, "menSelect", "&Select"},
+    MenuRow{Menu::WordType, "menWordType", "Word &Type"},
+    MenuRow{Menu::Options, "menOptions", "&Options"},
+    MenuRow{Menu::Colours, "menColours", "&Colours"},
+    MenuRow{Menu::Help, "menHelp", "&Help"},
 };
 
 constexpr CommandRow Separator(Menu menu, const char* name) {

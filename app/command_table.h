@@ -18,7 +18,7 @@ struct MenuRow {
 
 struct CommandRow {
   Menu menu;
-  const char* name;     // Of the menu item; a separator has no caption.
+  const char* name;  // Of the menu item; a separator has no caption.
   const char* caption;
   void (Commands::*run)() = nullptr;
   int functionKey = 0;  // 1 to 12; 0 for none.

@@ -70,8 +70,7 @@ void Commands::OpenNewLexicon() {
   }
   Session& session = window_.session;
   const int32_t count = session.lexicon->count();
-  services_.log.Write(event::kNewLexicon,
-                      std::to_string(count) + " words defined in lexicon file '" + name + "'");
+  services_.log.Write(event::kNewLexicon, std::to_string(count) + " words defined in lexicon file '" + name + "'");
   session.lexiconSetting = name;
   session.lexiconIsDefault = name == kDefaultLexiconName;
   SaveSetting(services_.settings, Setting::LexiconFile, name);

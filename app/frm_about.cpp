@@ -15,8 +15,9 @@
 namespace quorvane {
 namespace {
 
-constexpr std::array kTools = {"kinfocenter", "hardinfo2", "hardinfo", "mate-system-monitor", "gnome-system-monitor",
-                               "plasma-systemmonitor", "xfce4-taskmanager"};
+constexpr std::array kTools = {
+    "kinfocenter",          "hardinfo2",        "hardinfo", "mate-system-monitor", "gnome-system-monitor",
+    "plasma-systemmonitor", "xfce4-taskmanager"};
 constexpr const char* kNoTool = "System Information Is Unavailable At This Time";
 
 }  // namespace

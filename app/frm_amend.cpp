@@ -52,8 +52,8 @@ FrmAmend::FrmAmend(Services& services, QWidget* parent) : QDialog(parent), servi
   buttons->addWidget(cancel);
   layout->addLayout(buttons);
 
-  const QFileInfo stored(FromText(
-      ResolvePath(services_.programDirectory, SaveFilePath(services_.settings, services_.programDirectory))));
+  const QFileInfo stored(
+      FromText(ResolvePath(services_.programDirectory, SaveFilePath(services_.settings, services_.programDirectory))));
   tbNewFileName_->setText(stored.fileName());
   ShowDirectory(QDir::cleanPath(stored.absolutePath()));
   connect(drives_, &QComboBox::activated, this, [this] { ShowDirectory(drives_->currentText()); });
@@ -86,8 +86,8 @@ void FrmAmend::MakeControls(QGridLayout* grid) {
   grid->setRowStretch(1, 1);
   tbNewFileName_ = Named(new QLineEdit(this), "tbNewFileName", "Name of the results file");
   addRow(2, "File Name:", tbNewFileName_);
-  cbSaveInAppDir_ = Named(new QCheckBox("Save in Quorvane directory?", this), "cbSaveInAppDir",
-                          FromText(services_.programDirectory));
+  cbSaveInAppDir_ =
+      Named(new QCheckBox("Save in Quorvane directory?", this), "cbSaveInAppDir", FromText(services_.programDirectory));
   grid->addWidget(cbSaveInAppDir_, 3, 1);
 }
 
@@ -135,8 +135,8 @@ void FrmAmend::Apply() {
   const std::string directory = inProgramDirectory ? services_.programDirectory : ToText(Directory());
   const QFileInfo folder(FromText(directory));
   if (!folder.isDir() || !folder.isWritable()) {
-    services_.door.Show(this, "The directory " + directory +
-                                  (folder.isDir() ? " can't be written to." : " does not exist."));
+    services_.door.Show(this,
+                        "The directory " + directory + (folder.isDir() ? " can't be written to." : " does not exist."));
     return;
   }
   const std::string path = JoinPath(directory, name);

@@ -162,10 +162,10 @@ void MainWindow::WireResults() {
 // As the eye goes: the pattern, then down the left, the middle and the right column.
 void MainWindow::SetTabOrder() {
   QWidget* previous = nullptr;
-  for (QWidget* panel : {static_cast<QWidget*>(pattern), static_cast<QWidget*>(lengths), static_cast<QWidget*>(sort),
-                         static_cast<QWidget*>(appearance), static_cast<QWidget*>(results),
-                         static_cast<QWidget*>(lists), static_cast<QWidget*>(resultOptions),
-                         static_cast<QWidget*>(lookup)}) {
+  for (QWidget* panel :
+       {static_cast<QWidget*>(pattern), static_cast<QWidget*>(lengths), static_cast<QWidget*>(sort),
+        static_cast<QWidget*>(appearance), static_cast<QWidget*>(results), static_cast<QWidget*>(lists),
+        static_cast<QWidget*>(resultOptions), static_cast<QWidget*>(lookup)}) {
     for (QWidget* control : panel->findChildren<QWidget*>()) {
       if (control->focusPolicy() == Qt::NoFocus || control->objectName().startsWith("qt_")) {
         continue;
@@ -231,8 +231,8 @@ void MainWindow::UpdateResultCommands() {
   const auto found = static_cast<int64_t>(results->Results().FoundCount());
   Item("menFileSaveData")->setEnabled(found > 0);
   Item("menSaveAsLex")->setEnabled(found > 0 && session.saveAsLexiconAllowed && session.input.saveAsLexicon);
-  const bool printable = results->Results().EntryCount() > 0 && found <= kMostPrintable &&
-                         session.printerName != "(undefined)";
+  const bool printable =
+      results->Results().EntryCount() > 0 && found <= kMostPrintable && session.printerName != "(undefined)";
   Item("menFilePrint")->setEnabled(printable);
   resultOptions->PrintButton()->setEnabled(printable);
   lookup->Button()->setEnabled(found > 0 && results->Selected().has_value());

@@ -5,8 +5,8 @@
 #include <map>
 #include <string>
 
-#include "app/commands.h"
 #include "app/command_table.h"
+#include "app/commands.h"
 #include "app/services.h"
 #include "app/session.h"
 #include "results/results_panel.h"

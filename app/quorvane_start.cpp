@@ -54,8 +54,8 @@ int Main(QApplication& application) {
     door.Show(nullptr, "The program's directory can't be set up:\r\n" + directory.problem->Text());
   }
   IniStore settings(SettingsFileName(), [&door](const FileError& error) {
-    door.Show(nullptr, "The settings can't be stored in " + error.Text() +
-                           ".\r\nYour choices hold until the program ends.");
+    door.Show(nullptr,
+              "The settings can't be stored in " + error.Text() + ".\r\nYour choices hold until the program ends.");
   });
   EventLog log(JoinPath(directory.path, kLogFileName), SystemClock(), [&door](const FileError& error) {
     door.Show(nullptr, "The log file can't be written: " + error.Text() + ".\r\nThe program goes on without it.");

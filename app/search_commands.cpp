@@ -214,8 +214,7 @@ void Commands::Sort(SortOrder order) {
   window_.ShowStatus(std::string(order == SortOrder::Alphabetic      ? kSortingAlphabetic
                                  : order == SortOrder::ShortestFirst ? kSortingShortest
                                                                      : kSortingLongest));
-  window_.results->ChangeResults(
-      [&](ResultList& results) { results.Sort(order, window_.resultOptions->UpperCase()); });
+  window_.results->ChangeResults([&](ResultList& results) { results.Sort(order, window_.resultOptions->UpperCase()); });
   ShowTime(watch);
   ShowSummary();
 }

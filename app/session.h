@@ -27,7 +27,7 @@ struct Session {
 
   std::string printerName = "(undefined)";
   std::array<std::string, kColourElements> colours;  // By ColourElement.
-  std::string lastSaveFailure;  // The failure of autosave that was shown last.
+  std::string lastSaveFailure;                       // The failure of autosave that was shown last.
   std::vector<std::string> fontTable;
 
   bool stopFlag = false;   // The program is leaving by its own command.

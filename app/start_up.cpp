@@ -67,16 +67,14 @@ void StartUp::OpenLog() {
   services_.log.Open();
   services_.log.SetIndicator(IsYes(GetSetting(services_.settings, Setting::WriteToLogFile)));
   window_.SetWide(IsYes(GetSetting(services_.settings, Setting::WideScreen)));
-  services_.log.Write(event::kStart,
-                      "Application started (v" + VersionText() + ", compiled " + BuildDate() + ")");
+  services_.log.Write(event::kStart, "Application started (v" + VersionText() + ", compiled " + BuildDate() + ")");
 }
 
 bool StartUp::ReadSettingsAndLexicon() {
   const Hourglass hourglass;
   FrmWait wait(&window_);
   wait.ShowNow();
-  const LexiconChoice lexicon =
-      StartUpRead(services_.programDirectory, services_.settings, services_.log, *this).Run();
+  const LexiconChoice lexicon = StartUpRead(services_.programDirectory, services_.settings, services_.log, *this).Run();
   services_.settings.EndBatch();
   window_.session.lexiconSetting = lexicon.setting;
   return window_.Command().LoadLexiconFile(lexicon.path);

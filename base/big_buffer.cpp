@@ -1,7 +1,6 @@
 #include "base/big_buffer.h"
 
 #include <cstdlib>
-#include <cstring>
 #include <new>
 
 #ifdef __linux__
@@ -14,8 +13,22 @@ namespace {
 constexpr size_t kHugePage = size_t{2} << 20;
 
 #ifdef __linux__
-// The size of the mapping stands in front of the memory that is handed out, in a block of its own cache line.
-constexpr size_t kHeader = 64;
+constexpr size_t kPage = 4096;
+
+// Stands right in front of the memory that is handed out, in a block of its own cache line.
+struct alignas(64) Header {
+  void* mapping;
+  size_t size;
+};
+
+constexpr size_t RoundToPages(size_t bytes) {
+  return (bytes + kPage - 1) / kPage * kPage;
+}
+
+char* MapAnonymous(size_t size) {
+  void* mapping = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  return mapping == MAP_FAILED ? nullptr : static_cast<char*>(mapping);
+}
 #endif
 
 }  // namespace
@@ -23,14 +36,13 @@ constexpr size_t kHeader = 64;
 #ifdef __linux__
 
 void* AllocateBig(size_t bytes) {
-  const size_t size = bytes + kHeader;
+  const size_t size = RoundToPages(bytes + sizeof(Header));
   // A mapping of a huge page or more is placed on a huge-page boundary, so that all of it can be huge.
   const size_t slack = size >= kHugePage ? kHugePage : 0;
-  void* mapping = mmap(nullptr, size + slack, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (mapping == MAP_FAILED) {
+  char* start = MapAnonymous(size + slack);
+  if (start == nullptr) {
     throw std::bad_alloc();
   }
-  char* start = static_cast<char*>(mapping);
   if (slack != 0) {
     const size_t past = reinterpret_cast<size_t>(start) % kHugePage;
     const size_t skipped = past == 0 ? 0 : kHugePage - past;
@@ -39,21 +51,35 @@ void* AllocateBig(size_t bytes) {
     }
     start += skipped;
     if (slack > skipped) {
-      const size_t pages = (size + 4095) / 4096 * 4096;
-      munmap(start + pages, slack - skipped);
+      munmap(start + size, slack - skipped);
     }
     madvise(start, size, MADV_HUGEPAGE);
   }
-  std::memcpy(start, &size, sizeof size);
-  return start + kHeader;
+  new (start) Header{start, size};
+  return start + sizeof(Header);
+}
+
+void* MapFile(int fileDescriptor, size_t size, size_t padding) {
+  // A page for the header, the file, and pages of zeros behind it.
+  const size_t filePages = RoundToPages(size);
+  const size_t whole = kPage + filePages + RoundToPages(padding);
+  char* start = MapAnonymous(whole);
+  if (start == nullptr) {
+    return nullptr;
+  }
+  void* file = mmap(start + kPage, filePages, PROT_READ, MAP_PRIVATE | MAP_FIXED | MAP_POPULATE, fileDescriptor, 0);
+  if (file == MAP_FAILED) {
+    munmap(start, whole);
+    return nullptr;
+  }
+  new (start + kPage - sizeof(Header)) Header{start, whole};
+  return file;
 }
 
 void FreeBig(void* memory) noexcept {
   if (memory != nullptr) {
-    char* start = static_cast<char*>(memory) - kHeader;
-    size_t size = 0;
-    std::memcpy(&size, start, sizeof size);
-    munmap(start, size);
+    const Header header = *(reinterpret_cast<const Header*>(memory) - 1);
+    munmap(header.mapping, header.size);
   }
 }
 
@@ -65,6 +91,10 @@ void* AllocateBig(size_t bytes) {
     throw std::bad_alloc();
   }
   return memory;
+}
+
+void* MapFile(int, size_t, size_t) {
+  return nullptr;
 }
 
 void FreeBig(void* memory) noexcept {

@@ -11,6 +11,11 @@ namespace quorvane {
 void* AllocateBig(size_t bytes);
 void FreeBig(void* memory) noexcept;
 
+// The first `size` bytes of an open file, with `padding` zero bytes behind them, without reading or copying them: the
+// memory is the system's own copy of the file. A file that somebody shortens meanwhile ends the process with SIGBUS
+// when the missing part is touched. Null where the system can't do it.
+void* MapFile(int fileDescriptor, size_t size, size_t padding);
+
 struct FreeBigMemory {
   void operator()(void* memory) const noexcept { FreeBig(memory); }
 };
@@ -21,6 +26,14 @@ class BigBuffer {
  public:
   BigBuffer() = default;
   explicit BigBuffer(size_t size) : memory_(static_cast<T*>(AllocateBig(size * sizeof(T)))), size_(size) {}
+
+  // Takes over memory that AllocateBig or MapFile handed out.
+  static BigBuffer Adopt(void* memory, size_t size) {
+    BigBuffer buffer;
+    buffer.memory_.reset(static_cast<T*>(memory));
+    buffer.size_ = size;
+    return buffer;
+  }
 
   T* data() { return memory_.get(); }
   const T* data() const { return memory_.get(); }

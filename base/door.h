@@ -11,8 +11,8 @@ struct Question {
   QString title = "Quorvane";
   QString text;
   bool critical = false;
-  bool cancel = false;      // Offers Cancel beside OK.
-  QString extraButton;      // Caption of a third button, if any.
+  bool cancel = false;  // Offers Cancel beside OK.
+  QString extraButton;  // Caption of a third button, if any.
 };
 
 enum class Answer { Ok, Cancel, Extra };
@@ -46,8 +46,7 @@ class ScreenDoor : public Door {
  public:
   Answer Ask(QWidget* parent, const Question& question) override;
   int Run(QDialog& dialog) override;
-  QString AskSavePath(QWidget* parent, const QString& title, const QString& suggestion,
-                      const QString& filter) override;
+  QString AskSavePath(QWidget* parent, const QString& title, const QString& suggestion, const QString& filter) override;
   void Beep() override;
 };
 

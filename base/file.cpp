@@ -12,6 +12,7 @@ namespace {
 
 constexpr size_t kBufferSize = size_t{1} << 18;
 constexpr int kMaxTemporaryNames = 100;
+constexpr int kMaxLinks = 40;
 
 // A file of a new name beside `path`, open for writing; its name is put into `name`. Null with errno set on failure.
 FileHandle CreateBeside(const std::string& path, std::string& name) {
@@ -23,6 +24,17 @@ FileHandle CreateBeside(const std::string& path, std::string& name) {
     }
   }
   return nullptr;
+}
+
+// What a link, or a chain of them, names in the end, whether it exists or not.
+std::string FollowLinks(const std::string& path) {
+  fs::path target = path;
+  std::error_code error;
+  for (int i = 0; i < kMaxLinks && fs::is_symlink(target, error); ++i) {
+    const fs::path named = fs::read_symlink(target, error);
+    target = named.is_absolute() ? named : target.parent_path() / named;
+  }
+  return target.string();
 }
 
 int WriteAndClose(FileHandle file, const std::function<void(FileWriter&)>& write) {
@@ -110,13 +122,7 @@ int FileWriter::Finish() {
 
 std::optional<FileError> ReplaceFile(const std::string& path, const std::function<void(FileWriter&)>& write) {
   std::error_code error;
-  std::string target = path;
-  if (fs::is_symlink(path, error)) {
-    const fs::path followed = fs::weakly_canonical(path, error);
-    if (!error) {
-      target = followed.string();
-    }
-  }
+  const std::string target = FollowLinks(path);
   const fs::file_status status = fs::status(target, error);
   const bool exists = fs::exists(status);
   if (exists) {

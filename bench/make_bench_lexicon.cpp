@@ -31,16 +31,17 @@ class Generator {
 
 // Common parts stand more than once.
 constexpr std::array<std::string_view, 48> kOnsets = {
-    "",  "b", "c",  "d",  "f",  "g",  "h",  "j",  "k",  "l",  "m",  "n",  "p",  "qu", "r",   "s",
-    "t", "v", "w",  "y",  "z",  "bl", "br", "ch", "cl", "cr", "dr", "fl", "fr", "gr", "ph",  "pl",
-    "pr", "sc", "sh", "sl", "sp", "st", "str", "th", "tr", "s",  "r",  "t",  "l",  "n",  "d", "c"};
-constexpr std::array<std::string_view, 24> kNuclei = {"a", "e", "i", "o", "u", "e", "a", "i", "o", "e", "i", "a",
-                                                      "ea", "ou", "ie", "io", "ai", "ee", "oo", "y", "e", "i", "a", "u"};
+    "",   "b",  "c",  "d",  "f",  "g",  "h",   "j",  "k",  "l",  "m",  "n",  "p",  "qu", "r",  "s",
+    "t",  "v",  "w",  "y",  "z",  "bl", "br",  "ch", "cl", "cr", "dr", "fl", "fr", "gr", "ph", "pl",
+    "pr", "sc", "sh", "sl", "sp", "st", "str", "th", "tr", "s",  "r",  "t",  "l",  "n",  "d",  "c"};
+constexpr std::array<std::string_view, 24> kNuclei = {"a",  "e",  "i",  "o", "u",  "e",  "a",  "i",
+                                                      "o",  "e",  "i",  "a", "ea", "ou", "ie", "io",
+                                                      "ai", "ee", "oo", "y", "e",  "i",  "a",  "u"};
 constexpr std::array<std::string_view, 32> kCodas = {"",  "",  "",  "",   "",   "",   "n",  "r",  "s",  "t",  "l",
                                                      "m", "c", "d", "st", "nt", "ll", "ss", "ck", "ng", "rt", "p",
                                                      "b", "g", "x", "nd", "n",  "r",  "s",  "t",  "l",  ""};
-constexpr std::array<std::string_view, 20> kEndings = {"",   "",     "",     "",      "",    "",    "",     "s",   "s",   "s",
-                                                       "ed", "ing", "er", "ers", "ly", "ness", "able", "ation", "less", "ous"};
+constexpr std::array<std::string_view, 20> kEndings = {
+    "", "", "", "", "", "", "", "s", "s", "s", "ed", "ing", "er", "ers", "ly", "ness", "able", "ation", "less", "ous"};
 constexpr std::array<std::string_view, 12> kBeginnings = {"", "", "", "", "", "", "", "", "", "un", "re", "over"};
 
 template <size_t N>

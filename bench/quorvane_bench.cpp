@@ -104,9 +104,10 @@ BENCHMARK(Sort)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
   for (const auto& searched : quorvane::kCases) {
-    benchmark::RegisterBenchmark((std::string("Search/") + searched.name).c_str(),
-                                 [&searched](benchmark::State& state) { quorvane::Search(state, searched); })
-        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark((std::string("Search/") + searched.name).c_str(), [&searched](
+                                                                                       benchmark::State& state) {
+      quorvane::Search(state, searched);
+    })->Unit(benchmark::kMillisecond);
   }
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

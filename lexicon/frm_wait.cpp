@@ -12,8 +12,7 @@ FrmWait::FrmWait(QWidget* parent) : QDialog(parent) {
   setWindowTitle("Loading lexicon file ...");
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(36, 28, 36, 28);
-  layout->addWidget(
-      MakeLabel("lblIniMsg", "Please wait while the lexicon file is being loaded ...", {}, this));
+  layout->addWidget(MakeLabel("lblIniMsg", "Please wait while the lexicon file is being loaded ...", {}, this));
 }
 
 void FrmWait::ShowNow() {

@@ -10,11 +10,6 @@
 #include "base/file.h"
 #include "base/text.h"
 
-#if defined(__SSE4_2__) && !defined(QUORVANE_PLAIN)
-#include <immintrin.h>
-#define QUORVANE_VECTORS 1
-#endif
-
 namespace quorvane {
 namespace {
 
@@ -60,7 +55,8 @@ BlockFacts LookAt(const char* text) {
 
 class LexiconLoader {
  public:
-  explicit LexiconLoader(int32_t capacity) : capacity_(capacity), lexicon_(std::make_shared<Lexicon>()) {}
+  LexiconLoader(int32_t capacity, TextSource source)
+      : capacity_(capacity), source_(source), lexicon_(std::make_shared<Lexicon>()) {}
 
   LoadResult Load(const std::string& path) {
     if (!Read(path)) {
@@ -97,6 +93,9 @@ class LexiconLoader {
     const size_t limit = (static_cast<size_t>(capacity_) + 2) * (kMaxWordLength + 2) + 4096;
     const uintmax_t fileSize = std::filesystem::file_size(path, code);
     // A pipe has no size: such a source is read in growing pieces up to the limit.
+    if (source_ == TextSource::Map && !code && fileSize > 0 && fileSize <= limit && Map(*file, fileSize)) {
+      return true;
+    }
     size_t room = code || fileSize == 0 ? size_t{1} << 20 : static_cast<size_t>(std::min<uintmax_t>(fileSize, limit));
     lexicon_->text_ = BigBuffer<char>(room + Lexicon::kPadding);
     for (;;) {
@@ -121,6 +120,16 @@ class LexiconLoader {
     }
   }
 
+  bool Map(std::FILE& file, size_t fileSize) {
+    void* text = MapFile(fileno(&file), fileSize, Lexicon::kPadding);
+    if (text == nullptr) {
+      return false;
+    }
+    lexicon_->text_ = BigBuffer<char>::Adopt(text, fileSize + Lexicon::kPadding);
+    size_ = fileSize;
+    return true;
+  }
+
   // One pass over the text: each line becomes a word.
   bool Index() {
     const char* text = lexicon_->text_.data();
@@ -143,7 +152,7 @@ class LexiconLoader {
     return wordStart == size_ || AddWord(wordStart, size_);
   }
 
-  bool AddWord(size_t start, size_t end) {
+  [[gnu::always_inline]] bool AddWord(size_t start, size_t end) {
     Lexicon& lexicon = *lexicon_;
     const char* text = lexicon.text_.data();
     if (lexicon.count_ == capacity_) [[unlikely]] {
@@ -161,8 +170,7 @@ class LexiconLoader {
     lexicon.starts_[number] = static_cast<uint32_t>(start);
     lexicon.lengths_[number] = static_cast<uint8_t>(length);
     ++lexicon.lengthCount_[length];
-    const auto initial = static_cast<unsigned char>(Fold(text[start]));
-    if (initial != previousInitial_ && !StartRun(text[start], initial)) [[unlikely]] {
+    if (static_cast<unsigned char>(text[start]) != previousFirst_ && !StartRun(text[start])) [[unlikely]] {
       return false;
     }
     lexicon.letters_[number] = LetterSetInBlock(text + start, static_cast<unsigned>(length));
@@ -181,7 +189,13 @@ class LexiconLoader {
     return false;
   }
 
-  bool StartRun(char first, unsigned char initial) {
+  // A word whose first character differs from that of the word before. In another letter case it is the same initial.
+  [[gnu::noinline]] bool StartRun(char first) {
+    previousFirst_ = static_cast<unsigned char>(first);
+    const int initial = static_cast<unsigned char>(Fold(first));
+    if (initial == previousInitial_) {
+      return true;
+    }
     ++runs_;
     const int entry = static_cast<unsigned char>(Upper(first)) - kFirstInitial;
     if (entry < 0 || entry >= kInitials) {
@@ -251,18 +265,20 @@ class LexiconLoader {
   }
 
   const int32_t capacity_;
+  const TextSource source_;
   std::shared_ptr<Lexicon> lexicon_;
   size_t size_ = 0;  // Of the text, in bytes.
   RunTimeError error_;
   int runs_ = 0;
   int previousInitial_ = -1;
+  int previousFirst_ = -1;  // First character of the word before.
   size_t lastStart_ = 0;
   size_t lastLength_ = 0;
   bool mayFold_ = false;
 };
 
-LoadResult LoadLexicon(const std::string& path, int32_t capacity) {
-  return LexiconLoader(capacity).Load(path);
+LoadResult LoadLexicon(const std::string& path, int32_t capacity, TextSource source) {
+  return LexiconLoader(capacity, source).Load(path);
 }
 
 }  // namespace quorvane

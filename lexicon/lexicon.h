@@ -19,10 +19,10 @@ namespace quorvane {
 using WordNumber = uint32_t;
 
 inline constexpr int kLexiconCapacity = 2'000'000;
-inline constexpr int kMaxWordLength = 90;      // In characters; a longer line is an error.
+inline constexpr int kMaxWordLength = 90;         // In characters; a longer line is an error.
 inline constexpr int kLongestLengthOffered = 60;  // What the length lists and the statistics go up to.
-inline constexpr int kFirstInitial = 65;       // Code of "A", the first initial a word may have in upper case.
-inline constexpr int kInitials = 31;           // "A" to "Z" and the five codes after it, "[" to "_".
+inline constexpr int kFirstInitial = 65;          // Code of "A", the first initial a word may have in upper case.
+inline constexpr int kInitials = 31;              // "A" to "Z" and the five codes after it, "[" to "_".
 inline constexpr const char* kDefaultLexiconName = "words.lex";
 
 class Lexicon {
@@ -82,18 +82,23 @@ struct LoadResult {
   LoadOutcome outcome = LoadOutcome::ListError;
   // Owned by whoever keeps it; null unless the lexicon is usable (Ok and Capacity).
   std::shared_ptr<const Lexicon> lexicon;
-  RunTimeError error;        // Set for all outcomes but Ok and NotSorted.
-  int32_t count = 0;         // The number of the word at which reading stopped; 0 when the file could not be opened.
-  std::string lastWord;      // The word read last.
+  RunTimeError error;    // Set for all outcomes but Ok and NotSorted.
+  int32_t count = 0;     // The number of the word at which reading stopped; 0 when the file could not be opened.
+  std::string lastWord;  // The word read last.
   Lexicon::LetterStart letterStart{};  // As they stood when reading stopped.
   Lexicon::LengthCount lengthCount{};
 
   bool Usable() const { return lexicon != nullptr; }
 };
 
+// How the text gets into memory. A program that lives on reads the file, so that what happens to the file later is
+// nothing to it; one that searches once and ends maps it, which saves the copy.
+enum class TextSource { Read, Map };
+
 // Reads, indexes and checks the file at `path`. Lines end with CR LF or LF; the last line end may be missing. Of each
 // run of equal initials (letter case apart) the start is kept; more than 26 runs count as unsorted. `capacity` is
 // lowered by tests only.
-LoadResult LoadLexicon(const std::string& path, int32_t capacity = kLexiconCapacity);
+LoadResult LoadLexicon(const std::string& path, int32_t capacity = kLexiconCapacity,
+                       TextSource source = TextSource::Read);
 
 }  // namespace quorvane

@@ -21,9 +21,10 @@ LoadReport ReportOf(const LoadResult& result) {
       return {"Word list is not sorted alphabetically.  You must sort it or use another list.", "NOTALPHA",
               kNotSortedLog};
     case LoadOutcome::NotSortedError:
-      return {"Word list is not sorted alphabetically.  You must sort it or use another list before you can use this "
-              "utility.",
-              "NOTALPHA", kNotSortedLog};
+      return {
+          "Word list is not sorted alphabetically.  You must sort it or use another list before you can use this "
+          "utility.",
+          "NOTALPHA", kNotSortedLog};
     case LoadOutcome::ListError:
       break;
   }

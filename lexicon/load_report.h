@@ -26,8 +26,7 @@ struct LexiconProblemTexts {
       "It may have an illegal character (e.g. an accented letter) at the start of it; if so, remove it and try again.";
   static constexpr const char* kCheckFile =
       "Check to see if the words.lex file exists.  If not, download it from the Quorvane homepage.";
-  static constexpr const char* kPersist =
-      "If this problem recurs, please click on the link below to report the issue.";
+  static constexpr const char* kPersist = "If this problem recurs, please click on the link below to report the issue.";
   static constexpr const char* kContact =
       "Click here to fill in an online form with comments, bug reports & suggestions";
 };

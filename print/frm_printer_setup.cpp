@@ -170,14 +170,14 @@ void FrmPrinterSetup::ShowSettings() {
 
 void FrmPrinterSetup::CheckChoices() {
   if (cbFont_->currentIndex() < 0) {
-    log_.Write(event::kInvalidFont, "Invalid Font Name (" + GetSetting(settings_, Setting::FontName) +
-                                        ") found; defaulting to 'Arial'.");
+    log_.Write(event::kInvalidFont,
+               "Invalid Font Name (" + GetSetting(settings_, Setting::FontName) + ") found; defaulting to 'Arial'.");
     cbFont_->setCurrentText(kDefaultFont);
     SaveSetting(settings_, Setting::FontName, kDefaultFont);
   }
   if (cbPaperSize_->currentIndex() < 0) {
-    log_.Write(event::kInvalidPaper, "Invalid Paper Size (" + GetSetting(settings_, Setting::PaperSize) +
-                                         ") found; defaulting to 'Letter'.");
+    log_.Write(event::kInvalidPaper,
+               "Invalid Paper Size (" + GetSetting(settings_, Setting::PaperSize) + ") found; defaulting to 'Letter'.");
     cbPaperSize_->setCurrentText("Letter");
     SaveSetting(settings_, Setting::PaperSize, "Letter");
   }
@@ -200,13 +200,13 @@ void FrmPrinterSetup::ShowEstimate() {
   }
   const PrintSettings shown = Shown();
   const QSize sheet = SheetInTwips(PageLayoutOf(shown, QPageLayout()));
-  const auto estimate =
-      EstimatePages(static_cast<int64_t>(entryCount_), sheet.height(), shown.fontSize, shown.columns);
+  const auto estimate = EstimatePages(static_cast<int64_t>(entryCount_), sheet.height(), shown.fontSize, shown.columns);
   if (const auto* pages = std::get_if<PageEstimate>(&estimate)) {
     lblPageInfo_->setText(FromText(EstimateText(*pages)));
   } else {
     const auto& error = std::get<RunTimeError>(estimate);
-    log_.Write(event::kPrintError, "Page estimate: error " + std::to_string(error.number) + " (" + error.description + ")");
+    log_.Write(event::kPrintError,
+               "Page estimate: error " + std::to_string(error.number) + " (" + error.description + ")");
   }
 }
 
@@ -233,8 +233,7 @@ void FrmPrinterSetup::PaperChosen() {
 
 void FrmPrinterSetup::StoreAll() {
   const PrintSettings shown = Shown();
-  SaveSetting(settings_, Setting::PrinterOrientation,
-              shown.landscape ? "Landscape" : "Portrait");
+  SaveSetting(settings_, Setting::PrinterOrientation, shown.landscape ? "Landscape" : "Portrait");
   log_.Write(event::kPrintUpdated, UpdatedPrintSettingsText(shown, currentPrinter_));
 }
 

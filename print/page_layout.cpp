@@ -11,7 +11,7 @@ constexpr int kLeftEdge = 100;
 constexpr int kTitleTop = 300;
 constexpr int kLegendTop = 580;
 constexpr int kLegendStep = 165;
-constexpr int kFooterGap = 400;   // Below the usable height.
+constexpr int kFooterGap = 400;  // Below the usable height.
 constexpr int kRightMargin = 500;
 constexpr int kFullAnagramShift = 500;
 constexpr int kExactAnagramShift = 1000;
@@ -36,7 +36,8 @@ class Layout {
     const float lineHeight = static_cast<float>(input_.font.size) / kLinesPerInchAtOnePoint;
     for (size_t i = 0; i < input_.entryCount; ++i) {
       const int width = std::min(columnWidth_, input_.pageWidth - x_);
-      Place(x_, static_cast<int>(std::nearbyint(y_ * kTwipsPerInch)), input_.font, Fit(input_.entry(i), input_.font, width));
+      Place(x_, static_cast<int>(std::nearbyint(y_ * kTwipsPerInch)), input_.font,
+            Fit(input_.entry(i), input_.font, width));
       y_ += lineHeight;
       if (y_ >= input_.estimate.usableHeight && i + 1 < input_.entryCount) {
         NextColumn();

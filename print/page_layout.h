@@ -29,7 +29,7 @@ struct PlacedText {
 struct PageLayoutInput {
   size_t entryCount = 0;
   std::function<std::string(size_t)> entry;  // From 0.
-  int pageWidth = 12240;  // Of the whole sheet, in twips.
+  int pageWidth = 12240;                     // Of the whole sheet, in twips.
   int pageHeight = 15840;
   int columns = 1;
   PrintFont font;
@@ -40,8 +40,8 @@ struct PageLayoutInput {
   std::function<int(const std::string& text, const PrintFont& font)> measure;
 };
 
-// Newspaper columns: down the first, then the next, then a new page, with title, legend and footer on every page. A word
-// too long for its column, or for what the sheet's edge leaves of the last one, ends in an ellipsis.
+// Newspaper columns: down the first, then the next, then a new page, with title, legend and footer on every page. A
+// word too long for its column, or for what the sheet's edge leaves of the last one, ends in an ellipsis.
 std::vector<PlacedText> LayOutPages(const PageLayoutInput& input);
 
 }  // namespace quorvane

@@ -67,16 +67,14 @@ PrintSettings ReadSetupSettings(SettingsStore& store) {
   settings.paperName = PaperOfName(paper) ? paper : std::string(NameOf(Paper::Letter));
   SaveSetting(store, Setting::PaperSize, settings.paperName);
   settings.landscape = GetSetting(store, Setting::PrinterOrientation) == "Landscape";
-  SaveSetting(store, Setting::PrinterOrientation,
-              settings.landscape ? "Landscape" : "Portrait");
+  SaveSetting(store, Setting::PrinterOrientation, settings.landscape ? "Landscape" : "Portrait");
   return settings;
 }
 
 std::string UpdatedPrintSettingsText(const PrintSettings& settings, std::string_view printer) {
   return "Updated print settings:" + std::string(settings.landscape ? "O=Land" : "O=Port") +
-         "/C=" + std::to_string(settings.columns) + (settings.italic ? "/I=Yes" : "/I=No") +
-         "/F=" + settings.fontName + "/S=" + std::to_string(settings.fontSize) + "/N=" + std::string(printer) +
-         "/P=" + settings.paperName;
+         "/C=" + std::to_string(settings.columns) + (settings.italic ? "/I=Yes" : "/I=No") + "/F=" + settings.fontName +
+         "/S=" + std::to_string(settings.fontSize) + "/N=" + std::string(printer) + "/P=" + settings.paperName;
 }
 
 }  // namespace quorvane

@@ -154,8 +154,8 @@ void Printing::Print(const PrintJob& job, const PrintSite& site) {
   printer->setFullPage(true);
   printer->setDocName("Quorvane");
   const QSize sheet = SheetInTwips(printer->pageLayout());
-  const auto estimated = EstimatePages(static_cast<int64_t>(job.entryCount), sheet.height(), settings.fontSize,
-                                       settings.columns);
+  const auto estimated =
+      EstimatePages(static_cast<int64_t>(job.entryCount), sheet.height(), settings.fontSize, settings.columns);
   if (const auto* error = std::get_if<RunTimeError>(&estimated)) {
     site.reportErrors("FP/" + std::to_string(error->number) + ": " + error->description);
     return;
@@ -222,8 +222,7 @@ bool Printing::Draw(QPrinter& printer, const PageLayoutInput& input, const Print
 }
 
 // The pages go to a file elsewhere first: the chosen one is replaced whole or not at all.
-bool Printing::DrawToPdf(QPrinter& printer, const PageLayoutInput& input, const QString& path,
-                         const PrintSite& site) {
+bool Printing::DrawToPdf(QPrinter& printer, const PageLayoutInput& input, const QString& path, const PrintSite& site) {
   const Hourglass hourglass;
   const QTemporaryDir folder;
   QFile drawn(folder.filePath("pages.pdf"));

@@ -11,9 +11,9 @@ class FrmInfo : public QDialog {
   Q_OBJECT
 
  public:
-  static FrmInfo* ByLetter(const Lexicon& lexicon, QWidget* parent);   // frmInfoLetter
-  static FrmInfo* ByLength(const Lexicon& lexicon, QWidget* parent);   // frmInfoLength
-  static FrmInfo* Wildcards(QWidget* parent);                          // frmWildSumm
+  static FrmInfo* ByLetter(const Lexicon& lexicon, QWidget* parent);  // frmInfoLetter
+  static FrmInfo* ByLength(const Lexicon& lexicon, QWidget* parent);  // frmInfoLength
+  static FrmInfo* Wildcards(QWidget* parent);                         // frmWildSumm
 
  private:
   struct Column {

@@ -11,7 +11,8 @@ namespace quorvane {
 namespace {
 
 constexpr const char* kNotSorted =
-    "Please be advised that when using the 'Random Words' wildcard character (~) to generate a list of words, that list "
+    "Please be advised that when using the 'Random Words' wildcard character (~) to generate a list of words, that "
+    "list "
     "will not be sorted into alphabetic order.  It will contain the words in the order they were generated.";
 constexpr const char* kByLength =
     "In a similar manner, sorting this list by word length (either into \"short -> long\" or \"long -> short\") will "

@@ -47,8 +47,7 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   layout->addWidget(lblXofY_);
   model_ = new WordListModel(results_, this);
   lbWordList_->setModel(model_);
-  connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &ResultsPanel::SelectionChanged);
+  connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsPanel::SelectionChanged);
   connect(lbWordList_, &QListView::clicked, this, &ResultsPanel::SelectionChanged);
   connect(lbWordList_, &QListView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
 }
@@ -70,8 +69,8 @@ void ResultsPanel::SelectionChanged() {
   const auto selected = Selected();
   if (selected) {
     const auto length = static_cast<int64_t>(results_.Entry(*selected).size());
-    lblXofY_->setText(ScreenText(PositionText(static_cast<int64_t>(*selected) + 1, length,
-                                              static_cast<int64_t>(results_.FoundCount()))));
+    lblXofY_->setText(ScreenText(
+        PositionText(static_cast<int64_t>(*selected) + 1, length, static_cast<int64_t>(results_.FoundCount()))));
   }
   emit EntrySelected(selected.has_value());
 }

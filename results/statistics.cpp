@@ -5,8 +5,7 @@ namespace quorvane {
 std::array<StatisticsRow, 26> CountByLetter(const Lexicon& lexicon) {
   std::array<StatisticsRow, 26> rows;
   for (size_t i = 0; i < rows.size(); ++i) {
-    rows[i] = {std::string(1, static_cast<char>('A' + i)),
-               lexicon.letterStart()[i + 1] - lexicon.letterStart()[i]};
+    rows[i] = {std::string(1, static_cast<char>('A' + i)), lexicon.letterStart()[i + 1] - lexicon.letterStart()[i]};
   }
   return rows;
 }

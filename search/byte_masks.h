@@ -9,11 +9,6 @@
 
 #include "lexicon/letter_set.h"
 
-#if defined(__SSE4_2__) && !defined(QUORVANE_PLAIN)
-#include <immintrin.h>
-#define QUORVANE_VECTORS 1
-#endif
-
 namespace quorvane {
 
 // A set of lower-case letters in the form the questions need: per low half of a character's code, whether the set holds
@@ -31,6 +26,15 @@ struct LetterClass {
       }
     }
   }
+};
+
+// A run of up to 16 characters, each repeated as often as it is compared at once.
+struct ByteRun {
+  static constexpr size_t kMost = 16;
+  alignas(16) std::array<std::array<char, 16>, kMost> repeated{};
+  size_t size = 0;
+
+  void Add(char c) { repeated[size++].fill(c); }
 };
 
 #ifdef QUORVANE_VECTORS
@@ -80,6 +84,21 @@ uint64_t SameMask(const char* text, const char* other) {
   return mask;
 }
 
+// Where the run starts.
+template <int Vectors>
+uint64_t RunMask(const char* text, const ByteRun& run) {
+  uint64_t mask = 0;
+  for (int v = 0; v < Vectors; ++v) {
+    __m128i starts = _mm_set1_epi8(-1);
+    for (size_t i = 0; i < run.size; ++i) {
+      const __m128i wanted = _mm_load_si128(reinterpret_cast<const __m128i*>(run.repeated[i].data()));
+      starts = _mm_and_si128(starts, _mm_cmpeq_epi8(LoadBytes(text + 16 * v + i), wanted));
+    }
+    mask |= MaskOf(starts) << (16 * v);
+  }
+  return mask;
+}
+
 #else
 
 template <int Vectors, class Question>
@@ -104,6 +123,17 @@ uint64_t ClassMask(const char* text, const LetterClass& letters) {
 template <int Vectors>
 uint64_t SameMask(const char* text, const char* other) {
   return AskEach<Vectors>([&](unsigned i) { return text[i] == other[i]; });
+}
+
+template <int Vectors>
+uint64_t RunMask(const char* text, const ByteRun& run) {
+  return AskEach<Vectors>([&](unsigned i) {
+    size_t same = 0;
+    while (same < run.size && text[i + same] == run.repeated[same][0]) {
+      ++same;
+    }
+    return same == run.size;
+  });
 }
 
 #endif

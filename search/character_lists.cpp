@@ -31,8 +31,8 @@ std::string ListMenuCaption(ListKind kind, std::string_view list, bool wideScrab
 }
 
 std::string ListStatusText(ListKind kind, std::string_view list, bool changed) {
-  return std::string(FactsOf(kind).name) +
-         (changed ? " list is now set to " : " list was unchanged, and remains as ") + BracketForm(list);
+  return std::string(FactsOf(kind).name) + (changed ? " list is now set to " : " list was unchanged, and remains as ") +
+         BracketForm(list);
 }
 
 std::string BracketForm(std::string_view list) {

@@ -14,16 +14,16 @@ inline constexpr std::array kListKinds = {ListKind::Include, ListKind::Exclude, 
 struct ListFacts {
   ListKind kind;
   char wildcard;
-  std::string_view settingsKey;    // In the section "Selection".
-  bool blankTiles;                 // "?" and "-" are allowed beside letters.
-  bool repeats;                    // A character may occur more than once.
+  std::string_view settingsKey;  // In the section "Selection".
+  bool blankTiles;               // "?" and "-" are allowed beside letters.
+  bool repeats;                  // A character may occur more than once.
   bool mayBeEmpty;
-  std::string_view name;           // "Inclusion", as the status texts begin.
-  std::string_view menuCaption;    // The menu caption before the bracket form.
+  std::string_view name;         // "Inclusion", as the status texts begin.
+  std::string_view menuCaption;  // The menu caption before the bracket form.
   std::string_view logCode;
-  std::string_view logText;        // The log text before the list and its closing "]".
-  std::string_view fileLegend;     // The line of the results file before the bracket form.
-  std::string_view printLegend;    // The line of the printed page before the bracket form.
+  std::string_view logText;      // The log text before the list and its closing "]".
+  std::string_view fileLegend;   // The line of the results file before the bracket form.
+  std::string_view printLegend;  // The line of the printed page before the bracket form.
 };
 const ListFacts& FactsOf(ListKind kind);
 

@@ -30,7 +30,6 @@ struct WordFilter {
 
 // Fills `survivors`, one bit a word, for the words `first` to `first + count - 1`; (count + 63) / 64 machine words are
 // written, the bits past `count` are 0.
-void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count,
-                 uint64_t* survivors);
+void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count, uint64_t* survivors);
 
 }  // namespace quorvane

@@ -48,8 +48,8 @@ FrmChangeList::FrmChangeList(ListKind kind, SettingsStore& settings, EventLog& l
   auto* layout = new QVBoxLayout(this);
   QLabel* prompt = MakeLabel("lblPrompt", texts.prompt, {}, this);
   layout->addWidget(prompt);
-  tbChangeInput_ = Named(new QLineEdit(FromBytes(FoldText(StoredList(settings, kind))), this), "tbChangeInput",
-                         texts.prompt);
+  tbChangeInput_ =
+      Named(new QLineEdit(FromBytes(FoldText(StoredList(settings, kind))), this), "tbChangeInput", texts.prompt);
   tbChangeInput_->setAccessibleName(texts.caption);
   tbChangeInput_->setMinimumWidth(320);
   tbChangeInput_->setCursorPosition(static_cast<int>(tbChangeInput_->text().size()));

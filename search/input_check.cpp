@@ -10,19 +10,17 @@ namespace {
 
 constexpr std::string_view kWildcardCharacters = "$-@',:123=#!?";
 constexpr std::string_view kPlainCharacters = "*!-$@',:?=#";
-constexpr size_t kMaxRandomLength = 5;      // "~" and four digits.
-constexpr size_t kMaxSequenceLength = 11;   // "%", a digit, eight letters and ">".
+constexpr size_t kMaxRandomLength = 5;     // "~" and four digits.
+constexpr size_t kMaxSequenceLength = 11;  // "%", a digit, eight letters and ">".
 
-constexpr std::string_view kRandomHelp =
-    "'~' allows display of random words - specify a number [default 1]";
+constexpr std::string_view kRandomHelp = "'~' allows display of random words - specify a number [default 1]";
 constexpr std::string_view kSequenceLettersHelp = "Enter up to 8 letters, followed by an optional '>'";
 constexpr std::string_view kLetterChoiceHelp = "';' allows selection of letter(s) in a word";
 constexpr std::string_view kInOrderHelp = "Letters will be found in order typed unless you add '~' at the end";
 constexpr std::string_view kAnyOrderHelp = "Letters will be searched in any order";
 constexpr std::string_view kAdjacentAsterisks = "Can't enter two asterisks next to each other";
 constexpr std::string_view kThirdAsterisk = "A maximum of two asterisks may be entered";
-constexpr std::string_view kAnagramCancelled =
-    "Anagram option cancelled due to wildcard input; enter word selection";
+constexpr std::string_view kAnagramCancelled = "Anagram option cancelled due to wildcard input; enter word selection";
 
 size_t Count(std::string_view text, char c) {
   return static_cast<size_t>(std::count(text.begin(), text.end(), c));
@@ -44,6 +42,9 @@ class Check {
       replaced_ = false;
       RunOnce();
     } while (replaced_);
+    if (caretOfFirstChange_) {
+      state_.caret = std::min(*caretOfFirstChange_, state_.text.size());
+    }
     for (; !refusals_.empty(); refusals_.pop_back()) {
       Say(refusals_.back());
       messages_.beeps += kBeepsOfRefusal;
@@ -76,7 +77,7 @@ class Check {
     if (text == state_.text) {
       return false;
     }
-    state_.caret = std::min(caret, text.size());
+    caretOfFirstChange_ = caretOfFirstChange_.value_or(caret);
     state_.text = std::move(text);
     replaced_ = true;
     return true;
@@ -131,6 +132,7 @@ class Check {
     WordListOnly();
     StartSpecialMode(PatternKind::Sequence, "sequenced word", kNoSequenceNumber);
     state_.letters.clear();
+    state_.caret = state_.text.size();
     const std::string& text = state_.text;
     const bool number = text.size() > 1 && text[1] >= '1' && text[1] <= '9';
     if (text.size() >= 3 && !number) {
@@ -144,8 +146,8 @@ class Check {
       if (position <= 3) {
         return position == 1 || (position == 2 ? number : IsLetter(c));
       }
-      const bool kept = !ended && position <= kMaxSequenceLength &&
-                        (c == '>' || (IsLetter(c) && position < kMaxSequenceLength));
+      const bool kept =
+          !ended && position <= kMaxSequenceLength && (c == '>' || (IsLetter(c) && position < kMaxSequenceLength));
       ended = ended || (kept && c == '>');
       return kept;
     });
@@ -282,6 +284,8 @@ class Check {
   const CharacterLists& lists_;
   InputMessages& messages_;
   bool replaced_ = false;
+  // Where the caret goes: what the first change says, since it speaks last.
+  std::optional<size_t> caretOfFirstChange_;
   std::vector<std::string> refusals_;  // Of texts that were replaced, the outermost first.
 };
 

@@ -18,8 +18,8 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
     : QGroupBox("Word lengths", parent), settings_(settings) {
   setObjectName("frLen");
   rbAnyLen_ = Named(new QRadioButton("An&y size", this), "rbAnyLen", "All words of whatever length");
-  rbSpecLen_ = Named(new QRadioButton("Specific Si&ze", this), "rbSpecLen",
-                     "Constrains words to be within certain lengths");
+  rbSpecLen_ =
+      Named(new QRadioButton("Specific Si&ze", this), "rbSpecLen", "Constrains words to be within certain lengths");
   cbLenFr_ = Named(new QComboBox(this), "cbLenFr", "Min. word length");
   cbLenTo_ = Named(new QComboBox(this), "cbLenTo", "Max. word length");
   cbLenFr_->setAccessibleName("Min. word length");

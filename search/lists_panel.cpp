@@ -33,8 +33,7 @@ ListsPanel::ListsPanel(QWidget* parent) : QWidget(parent) {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(2);
   for (const ListLabels& labels : kLabels) {
-    literals_[labels.kind] =
-        new ClickLabel(QString(labels.name) + "Lit", labels.caption, labels.literalToolTip, this);
+    literals_[labels.kind] = new ClickLabel(QString(labels.name) + "Lit", labels.caption, labels.literalToolTip, this);
     lists_[labels.kind] = new ClickLabel(labels.name, "", labels.toolTip, this);
     // A long list is cut at the column's edge; its tooltip and dialog show the rest.
     lists_[labels.kind]->setMinimumWidth(1);

@@ -77,7 +77,7 @@ class WordTest {
 // The parts of a prepared letter sequence "%NXXX>".
 struct SequenceParts {
   std::string letters;
-  int times = 0;        // 0 when the second character is no digit.
+  int times = 0;  // 0 when the second character is no digit.
   bool numeric = false;
   bool orMore = false;
 };

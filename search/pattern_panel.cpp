@@ -55,10 +55,10 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   modes->setHorizontalSpacing(20);
   modes->addWidget(MakeMode(WordType::WordList, "rbQuorvane", "&Word List", "Regular word list"), 0, 0);
   modes->addWidget(MakeMode(WordType::Palindrome, "rbPalindrome", "Pali&ndrome", "Returns only palindromes"), 0, 1);
-  modes->addWidget(
-      MakeMode(WordType::Anagram, "rbAnagram", "&Anagram", "Returns all anagrams (some or all letters)"), 0, 2);
-  modes->addWidget(
-      MakeMode(WordType::AnagramExact, "rbAnagramExact", "Anagra&m", "Return all exact-length anagrams"), 0, 3);
+  modes->addWidget(MakeMode(WordType::Anagram, "rbAnagram", "&Anagram", "Returns all anagrams (some or all letters)"),
+                   0, 2);
+  modes->addWidget(MakeMode(WordType::AnagramExact, "rbAnagramExact", "Anagra&m", "Return all exact-length anagrams"),
+                   0, 3);
   modes->addWidget(MakeNote("lblAnagall", "All words", this), 1, 2);
   modes->addWidget(MakeNote("lblAnagexact", "Exact length only", this), 1, 3);
   modes->setColumnStretch(4, 1);
@@ -96,6 +96,8 @@ void PatternPanel::ShowState(const InputState& state) {
   const QSignalBlocker quiet(tbInput_);
   if (tbInput_->text() != text) {
     tbInput_->setText(text);
+  }
+  if (tbInput_->cursorPosition() != static_cast<int>(state.caret)) {
     tbInput_->setCursorPosition(static_cast<int>(state.caret));
   }
   lblNumLetters_->setText(FromBytes(state.letters));

@@ -183,8 +183,8 @@ class Scan {
 
 }  // namespace
 
-ScanOutcome PerformScan(const Lexicon& lexicon, const ScanRequest& request, FoundNumbers& found,
-                        RandomSource& random, ScanObserver* observer, size_t screenCapacity, bool wasTruncated) {
+ScanOutcome PerformScan(const Lexicon& lexicon, const ScanRequest& request, FoundNumbers& found, RandomSource& random,
+                        ScanObserver* observer, size_t screenCapacity, bool wasTruncated) {
   Scan scan(lexicon, request, found, observer, screenCapacity, wasTruncated);
   return request.prepared.Random() ? scan.Random(random) : scan.Blocks();
 }

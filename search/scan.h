@@ -57,8 +57,8 @@ struct ScanOutcome {
 
 // Scans. `found` is overwritten; every accepted word is in it even when the screen list, which takes `screenCapacity`
 // entries, refuses more. `wasTruncated` is the flag left by the search before: a random request alone leaves it set.
-ScanOutcome PerformScan(const Lexicon& lexicon, const ScanRequest& request, FoundNumbers& found,
-                        RandomSource& random, ScanObserver* observer = nullptr,
-                        size_t screenCapacity = std::numeric_limits<size_t>::max(), bool wasTruncated = false);
+ScanOutcome PerformScan(const Lexicon& lexicon, const ScanRequest& request, FoundNumbers& found, RandomSource& random,
+                        ScanObserver* observer = nullptr, size_t screenCapacity = std::numeric_limits<size_t>::max(),
+                        bool wasTruncated = false);
 
 }  // namespace quorvane

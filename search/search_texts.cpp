@@ -21,13 +21,13 @@ ScanReport ReportOf(const ScanError& error) {
 
 ScanReport TruncationReport(size_t listed, size_t found, std::string_view lastListedWord) {
   const std::string entries = std::to_string(listed);
-  return {"Your operating system (usually Win 95, 98 or ME) cannot display all the words found.\r\n"
-          "Maximum number of entries (" +
-              entries + ") displayed on the screen.\r\nHowever, if you save this list, all " + std::to_string(found) +
-              " words will be saved.",
-          entries + " word" + std::string(PluralS(static_cast<int64_t>(found))) + " found (screen list truncated)",
-          "LIST_O/F",
-          "Max # of screen list entries reached; last word listed was '" + std::string(lastListedWord) + "'"};
+  return {
+      "Your operating system (usually Win 95, 98 or ME) cannot display all the words found.\r\n"
+      "Maximum number of entries (" +
+          entries + ") displayed on the screen.\r\nHowever, if you save this list, all " + std::to_string(found) +
+          " words will be saved.",
+      entries + " word" + std::string(PluralS(static_cast<int64_t>(found))) + " found (screen list truncated)",
+      "LIST_O/F", "Max # of screen list entries reached; last word listed was '" + std::string(lastListedWord) + "'"};
 }
 
 }  // namespace quorvane

@@ -20,9 +20,9 @@ constexpr uint64_t LowBits(unsigned count) {
 
 // Where in a pattern something must hold.
 struct Places {
-  uint64_t prefix = 0;           // Bit i: at the word's character i.
-  uint64_t suffix = 0;           // Bit i: at character i of the last `after`.
-  std::vector<uint8_t> middle;   // At these offsets from the start of the middle.
+  uint64_t prefix = 0;          // Bit i: at the word's character i.
+  uint64_t suffix = 0;          // Bit i: at character i of the last `after`.
+  std::vector<uint8_t> middle;  // At these offsets from the start of the middle.
 };
 
 // One set of letters, with the places that demand a letter of it and those that demand any other.
@@ -54,12 +54,31 @@ struct SameInMiddle {
   uint8_t later;
 };
 
+// Letters at fixed places of 16 characters in a row.
+struct FixedLetters {
+  alignas(16) std::array<char, 16> letters{};
+  uint64_t places = 0;
+
+  bool Add(unsigned place, char letter) {
+    if (place >= letters.size()) {
+      return false;
+    }
+    letters[place] = letter;
+    places |= uint64_t{1} << place;
+    return true;
+  }
+  bool FitAt(const char* text) const { return (SameMask<1>(text, letters.data()) & places) == places; }
+};
+
 // Everything that the patterns with positions demand of a word of letters.
 struct Positions {
   unsigned before = 0;
   unsigned middle = 0;
   unsigned after = 0;
   bool hasMiddle = false;
+  FixedLetters prefix;
+  FixedLetters suffix;
+  ByteRun run;  // The middle, where it is letters alone.
   std::vector<Symbol> symbols;
   std::vector<SameEnds> sameEnds;
   std::vector<SameAsEnd> sameAsEnd;
@@ -68,9 +87,10 @@ struct Positions {
   unsigned minStarts = 1;
   unsigned maxStarts = kMaxWordLength;
 
-  bool Trivial() const {
-    return symbols.empty() && sameEnds.empty() && sameAsEnd.empty() && sameInMiddle.empty() && minStarts <= 1;
-  }
+  // Nothing but letters at the ends, or in the middle.
+  bool OnlyFixed() const { return symbols.empty() && sameEnds.empty() && sameAsEnd.empty() && sameInMiddle.empty(); }
+  bool HasEnds() const { return (prefix.places | suffix.places) != 0; }
+  bool Trivial() const { return OnlyFixed() && !HasEnds() && run.size == 0 && minStarts <= 1; }
 };
 
 // What a letter's number of occurrences must be.
@@ -82,7 +102,9 @@ struct LetterCount {
 
 enum class Mode {
   FilterDecides,
-  Positions,
+  Ends,       // Letters at the ends alone.
+  Run,        // A run of letters alone.
+  Positions,  // Everything else with positions.
   OrderedLetters,
   LetterCounts,
   WordByWord,
@@ -117,59 +139,98 @@ uint64_t Narrow(uint64_t starts, const Places& places, uint64_t mask) {
   return starts;
 }
 
-template <int Vectors>
-bool AcceptsByPositions(const Positions& p, const char* word, unsigned length) {
-  const unsigned suffixStart = length - p.after;
-  const auto at = [&](EndPlace place) { return word[place.fromEnd ? suffixStart + place.offset : place.offset]; };
-  for (const SameEnds& same : p.sameEnds) {
-    if (at(same.one) != at(same.other)) {
-      return false;
-    }
-  }
-  uint64_t starts = p.hasMiddle ? LowBits(suffixStart - p.middle + 1) & ~LowBits(p.before) : 0;
-  for (const Symbol& symbol : p.symbols) {
-    const uint64_t mask =
-        symbol.single ? EqualMask<Vectors>(word, symbol.letter) : ClassMask<Vectors>(word, symbol.letters);
-    if (!FitsPlaces(symbol.inside, mask, suffixStart) || !FitsPlaces(symbol.outside, ~mask, suffixStart)) {
-      return false;
-    }
-    starts = Narrow(Narrow(starts, symbol.inside, mask), symbol.outside, ~mask);
-  }
-  if (!p.hasMiddle) {
-    return true;
-  }
-  for (const SameAsEnd& same : p.sameAsEnd) {
-    starts &= EqualMask<Vectors>(word, at(same.end)) >> same.middle;
-  }
-  for (const SameInMiddle& same : p.sameInMiddle) {
-    starts &= SameMask<Vectors>(word, word + (same.later - same.first)) >> same.first;
-  }
-  const auto fitting = static_cast<unsigned>(std::popcount(starts));
-  return fitting >= p.minStarts && fitting <= p.maxStarts;
-}
+// The tests of words of letters, one type for each mode: `Accepts` of 16 * Vectors characters or fewer.
 
-template <int Vectors>
-bool AcceptsInOrder(const std::string& letters, const char* word, unsigned length) {
-  uint64_t rest = LowBits(length);
-  for (const char c : letters) {
-    const uint64_t found = EqualMask<Vectors>(word, c) & rest;
-    if (found == 0) {
+struct EndsTest {
+  const Positions& p;
+  template <int Vectors>
+  bool Accepts(const char* word, unsigned length, LetterSet) const {
+    return p.prefix.FitAt(word) && p.suffix.FitAt(word + length - p.after);
+  }
+};
+
+struct RunTest {
+  const Positions& p;
+  template <int Vectors>
+  bool Accepts(const char* word, unsigned length, LetterSet) const {
+    const uint64_t starts = RunMask<Vectors>(word, p.run) & LowBits(length - p.middle + 1);
+    const auto fitting = static_cast<unsigned>(std::popcount(starts));
+    return fitting >= p.minStarts && fitting <= p.maxStarts;
+  }
+};
+
+struct PositionsTest {
+  const Positions& p;
+
+  template <int Vectors>
+  bool Accepts(const char* word, unsigned length, LetterSet) const {
+    const unsigned suffixStart = length - p.after;
+    if (p.HasEnds() && !(p.prefix.FitAt(word) && p.suffix.FitAt(word + suffixStart))) {
       return false;
     }
-    // Only what lies behind the leftmost find may hold the next letter.
-    rest &= ~((found & (~found + 1)) * 2 - 1);
+    const auto at = [&](EndPlace place) { return word[place.fromEnd ? suffixStart + place.offset : place.offset]; };
+    for (const SameEnds& same : p.sameEnds) {
+      if (at(same.one) != at(same.other)) {
+        return false;
+      }
+    }
+    uint64_t starts = p.hasMiddle ? LowBits(suffixStart - p.middle + 1) & ~LowBits(p.before) : 0;
+    for (const Symbol& symbol : p.symbols) {
+      const uint64_t mask =
+          symbol.single ? EqualMask<Vectors>(word, symbol.letter) : ClassMask<Vectors>(word, symbol.letters);
+      if (!FitsPlaces(symbol.inside, mask, suffixStart) || !FitsPlaces(symbol.outside, ~mask, suffixStart)) {
+        return false;
+      }
+      starts = Narrow(Narrow(starts, symbol.inside, mask), symbol.outside, ~mask);
+    }
+    return !p.hasMiddle || MiddleFits<Vectors>(word, starts, at);
   }
-  return true;
-}
 
-template <int Vectors>
-bool AcceptsByCounts(const std::vector<LetterCount>& counts, const char* word, unsigned length) {
-  const uint64_t inside = LowBits(length);
-  return std::all_of(counts.begin(), counts.end(), [&](const LetterCount& count) {
-    const auto found = static_cast<unsigned>(std::popcount(EqualMask<Vectors>(word, count.letter) & inside));
-    return found >= count.min && found <= count.max;
-  });
-}
+  template <int Vectors, class At>
+  bool MiddleFits(const char* word, uint64_t starts, At at) const {
+    if (p.run.size != 0) {
+      starts &= RunMask<Vectors>(word, p.run);
+    }
+    for (const SameAsEnd& same : p.sameAsEnd) {
+      starts &= EqualMask<Vectors>(word, at(same.end)) >> same.middle;
+    }
+    for (const SameInMiddle& same : p.sameInMiddle) {
+      starts &= SameMask<Vectors>(word, word + (same.later - same.first)) >> same.first;
+    }
+    return starts != 0;
+  }
+};
+
+struct OrderTest {
+  const std::string& letters;
+  template <int Vectors>
+  bool Accepts(const char* word, unsigned length, LetterSet) const {
+    uint64_t rest = LowBits(length);
+    uint64_t found = 0;
+    for (const char c : letters) {
+      found = EqualMask<Vectors>(word, c) & rest;
+      // Only what lies behind the leftmost find may hold the next letter; without a find nothing is left.
+      rest &= ~((found & (~found + 1)) * 2 - 1);
+    }
+    return found != 0;
+  }
+};
+
+struct CountsTest {
+  const std::vector<LetterCount>& counts;
+  bool anagram;  // Then a letter set without repeats has said everything.
+  template <int Vectors>
+  bool Accepts(const char* word, unsigned length, LetterSet letters) const {
+    if (anagram && static_cast<unsigned>(std::popcount(letters)) == length) {
+      return true;
+    }
+    const uint64_t inside = LowBits(length);
+    return std::all_of(counts.begin(), counts.end(), [&](const LetterCount& count) {
+      const auto found = static_cast<unsigned>(std::popcount(EqualMask<Vectors>(word, count.letter) & inside));
+      return found >= count.min && found <= count.max;
+    });
+  }
+};
 
 template <class Accepts>
 void KeepAccepted(WordNumber first, uint64_t* survivors, size_t blocks, Accepts accepts) {
@@ -191,6 +252,8 @@ struct Verifier::Plan {
 
   void Make();
   void MakePositions(std::string_view prefix, std::optional<std::string_view> middle, std::string_view suffix);
+  void AddMiddle(std::string_view middle);
+  Mode ModeOfPositions() const;
   Symbol& SymbolFor(LetterSet letters);
   void AddCharacter(char patternCharacter, std::optional<EndPlace> end, uint8_t middleOffset);
   void AddDigit(char digit, std::optional<EndPlace> end, uint8_t middleOffset);
@@ -199,9 +262,8 @@ struct Verifier::Plan {
   void MakeAnagram();
   void LimitToWholePattern();
 
-  bool Test(const Lexicon& lexicon, WordNumber number);
-  template <int Vectors>
-  bool TestLetters(const char* word, unsigned length, LetterSet letters) const;
+  template <class Test>
+  void Keep(const Lexicon& lexicon, WordNumber first, uint64_t* survivors, size_t blocks, Test test);
 
   std::string pattern;
   PatternKind kind;
@@ -274,7 +336,6 @@ void Verifier::Plan::MakePositions(std::string_view prefix, std::optional<std::s
   }
   positions.before = static_cast<unsigned>(prefix.size());
   positions.after = static_cast<unsigned>(suffix.size());
-  positions.hasMiddle = middle.has_value();
   for (size_t i = 0; i < prefix.size(); ++i) {
     AddCharacter(prefix[i], EndPlace{false, static_cast<uint8_t>(i)}, 0);
   }
@@ -282,16 +343,33 @@ void Verifier::Plan::MakePositions(std::string_view prefix, std::optional<std::s
     AddCharacter(suffix[i], EndPlace{true, static_cast<uint8_t>(i)}, 0);
   }
   if (middle) {
-    positions.middle = static_cast<unsigned>(middle->size());
-    for (size_t i = 0; i < middle->size(); ++i) {
-      AddCharacter((*middle)[i], std::nullopt, static_cast<uint8_t>(i));
-    }
+    AddMiddle(*middle);
   }
   // One letter anywhere is what the letter sets say already; characters that match whatever there is, letter or not,
   // ask for nothing but a length.
   const bool oneLetter = kind == PatternKind::Contains && pattern.size() == 3 && IsLetter(pattern[1]);
   const bool anything = positions.Trivial() && pattern.find_first_not_of("*?123") == std::string::npos;
-  mode = oneLetter || anything ? Mode::FilterDecides : Mode::Positions;
+  mode = oneLetter || anything ? Mode::FilterDecides : ModeOfPositions();
+}
+
+Mode Verifier::Plan::ModeOfPositions() const {
+  if (positions.OnlyFixed() && !positions.hasMiddle) {
+    return Mode::Ends;
+  }
+  const bool runAnywhere = positions.before == 0 && positions.after == 0 && positions.run.size != 0;
+  return positions.OnlyFixed() && runAnywhere ? Mode::Run : Mode::Positions;
+}
+
+void Verifier::Plan::AddMiddle(std::string_view middle) {
+  positions.hasMiddle = true;
+  positions.middle = static_cast<unsigned>(middle.size());
+  if (middle.size() <= ByteRun::kMost && std::all_of(middle.begin(), middle.end(), IsLetter)) {
+    std::for_each(middle.begin(), middle.end(), [this](char c) { positions.run.Add(c); });
+    return;
+  }
+  for (size_t i = 0; i < middle.size(); ++i) {
+    AddCharacter(middle[i], std::nullopt, static_cast<uint8_t>(i));
+  }
 }
 
 Symbol& Verifier::Plan::SymbolFor(LetterSet letters) {
@@ -312,8 +390,12 @@ void Verifier::Plan::AddCharacter(char patternCharacter, std::optional<EndPlace>
     AddDigit(patternCharacter, end, middleOffset);
     return;
   }
-  LetterSet letters = LettersOf(patternCharacter, lists);
+  const LetterSet letters = LettersOf(patternCharacter, lists);
   if (letters == kAllLetters) {
+    return;
+  }
+  if (end && IsLetter(patternCharacter) &&
+      (end->fromEnd ? positions.suffix : positions.prefix).Add(end->offset, patternCharacter)) {
     return;
   }
   // A set and its complement share one symbol, the smaller of the two.
@@ -374,17 +456,13 @@ void Verifier::Plan::MakeSequence() {
   filter.Require(letters);
   const auto times = static_cast<unsigned>(parts.times);
   filter.shortest = std::max(filter.shortest, static_cast<unsigned>(parts.letters.size()) + times - 1);
-  positions.hasMiddle = true;
-  positions.middle = static_cast<unsigned>(parts.letters.size());
-  if (positions.middle > kMaxMaskLength) {
+  if (parts.letters.size() > ByteRun::kMost) {
     return;
   }
+  AddMiddle(parts.letters);
   positions.minStarts = times;
   positions.maxStarts = parts.orMore ? static_cast<unsigned>(kMaxWordLength) : times;
-  for (size_t i = 0; i < parts.letters.size(); ++i) {
-    AddCharacter(parts.letters[i], std::nullopt, static_cast<uint8_t>(i));
-  }
-  mode = Mode::Positions;
+  mode = Mode::Run;
 }
 
 void Verifier::Plan::MakeLetterChoice() {
@@ -437,33 +515,26 @@ void Verifier::Plan::MakeAnagram() {
   mode = Mode::LetterCounts;
 }
 
-template <int Vectors>
-bool Verifier::Plan::TestLetters(const char* word, unsigned length, LetterSet letters) const {
-  switch (mode) {
-    case Mode::Positions:
-      return AcceptsByPositions<Vectors>(positions, word, length);
-    case Mode::OrderedLetters:
-      return AcceptsInOrder<Vectors>(orderedLetters, word, length);
-    case Mode::LetterCounts:
-      // Of an anagram whose letters are all different the letter set has said everything.
-      return (kind != PatternKind::LetterChoice && static_cast<unsigned>(std::popcount(letters)) == length) ||
-             AcceptsByCounts<Vectors>(letterCounts, word, length);
-    default:
-      return true;
-  }
-}
-
-bool Verifier::Plan::Test(const Lexicon& lexicon, WordNumber number) {
-  const unsigned length = lexicon.Lengths()[number];
-  const LetterSet letters = lexicon.LetterSets()[number];
-  if ((letters & kOtherCharacters) != 0 || length > kMaxMaskLength || mode == Mode::WordByWord) [[unlikely]] {
-    return wordTest.Accepts(lexicon.FoldedWord(number));
-  }
-  const char* word = lexicon.FoldedText() + lexicon.Starts()[number];
-  if (length <= 16) [[likely]] {
-    return TestLetters<1>(word, length, letters);
-  }
-  return length <= 32 ? TestLetters<2>(word, length, letters) : TestLetters<4>(word, length, letters);
+// Words that hold other characters than letters, and very long ones, are tried by the one definition of matching.
+template <class Test>
+void Verifier::Plan::Keep(const Lexicon& lexicon, WordNumber first, uint64_t* survivors, size_t blocks, Test test) {
+  const uint32_t* starts = lexicon.Starts();
+  const uint8_t* lengths = lexicon.Lengths();
+  const LetterSet* sets = lexicon.LetterSets();
+  const char* text = lexicon.FoldedText();
+  KeepAccepted(first, survivors, blocks, [&](WordNumber number) {
+    const unsigned length = lengths[number];
+    const LetterSet letters = sets[number];
+    const char* word = text + starts[number];
+    if ((letters & kOtherCharacters) != 0 || length > kMaxMaskLength) [[unlikely]] {
+      return wordTest.Accepts({word, length});
+    }
+    if (length <= 16) [[likely]] {
+      return test.template Accepts<1>(word, length, letters);
+    }
+    return length <= 32 ? test.template Accepts<2>(word, length, letters)
+                        : test.template Accepts<4>(word, length, letters);
+  });
 }
 
 Verifier::Verifier(std::string_view pattern, PatternKind kind, const CharacterLists& lists, unsigned shortest,
@@ -481,8 +552,30 @@ const WordFilter& Verifier::Filter() const {
 }
 
 void Verifier::Verify(const Lexicon& lexicon, WordNumber first, uint64_t* survivors, size_t blocks) {
-  if (plan_->mode != Mode::FilterDecides) {
-    KeepAccepted(first, survivors, blocks, [&](WordNumber number) { return plan_->Test(lexicon, number); });
+  Plan& plan = *plan_;
+  const auto keep = [&](auto test) { plan.Keep(lexicon, first, survivors, blocks, test); };
+  switch (plan.mode) {
+    case Mode::FilterDecides:
+      break;
+    case Mode::Ends:
+      keep(EndsTest{plan.positions});
+      break;
+    case Mode::Run:
+      keep(RunTest{plan.positions});
+      break;
+    case Mode::Positions:
+      keep(PositionsTest{plan.positions});
+      break;
+    case Mode::OrderedLetters:
+      keep(OrderTest{plan.orderedLetters});
+      break;
+    case Mode::LetterCounts:
+      keep(CountsTest{plan.letterCounts, plan.kind != PatternKind::LetterChoice});
+      break;
+    case Mode::WordByWord:
+      KeepAccepted(first, survivors, blocks,
+                   [&](WordNumber number) { return plan.wordTest.Accepts(lexicon.FoldedWord(number)); });
+      break;
   }
 }
 

@@ -13,10 +13,10 @@ inline constexpr std::array kWordTypes = {WordType::WordList, WordType::Palindro
 
 struct WordTypeFacts {
   WordType type;
-  std::string_view option;          // The name on the command line.
-  std::string_view noun;            // `WordTypeNoun` while the mode is selected.
-  std::string_view searchCaption;   // Caption of the search button.
-  std::string_view prompt;          // Shown when a search is started with nothing typed.
+  std::string_view option;         // The name on the command line.
+  std::string_view noun;           // `WordTypeNoun` while the mode is selected.
+  std::string_view searchCaption;  // Caption of the search button.
+  std::string_view prompt;         // Shown when a search is started with nothing typed.
 };
 
 const WordTypeFacts& FactsOf(WordType type);

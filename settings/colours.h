@@ -51,8 +51,8 @@ inline constexpr size_t kColourElements = 9;
 
 struct ColourElementRow {
   ColourElement element;
-  std::string_view menuItem;     // Object name of its menu item.
-  std::string_view caption;      // Of the colour window.
+  std::string_view menuItem;  // Object name of its menu item.
+  std::string_view caption;   // Of the colour window.
   Setting colour;
   Setting custom;
   std::string_view windowDefault;  // What the colour window's default command gives.

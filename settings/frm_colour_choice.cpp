@@ -110,9 +110,8 @@ void FrmColourChoice::MakeChannel(Channel& channel, const QString& name, int val
 void FrmColourChoice::BoxEdited(Channel& channel) {
   const QString text = channel.box->text();
   QString digits;
-  std::copy_if(text.begin(), text.end(), std::back_inserter(digits), [](QChar c) {
-    return (c >= '0' && c <= '9') || (c.toLower() >= 'a' && c.toLower() <= 'f');
-  });
+  std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+               [](QChar c) { return (c >= '0' && c <= '9') || (c.toLower() >= 'a' && c.toLower() <= 'f'); });
   if (digits != text) {
     channel.box->setText(digits);
     return;

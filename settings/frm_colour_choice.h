@@ -17,9 +17,9 @@ class ColourSwatch;
 // What goes in and comes out: a window closed without a choice leaves `current` as it is.
 struct ColourExchange {
   std::string caption;
-  std::string current;        // "&H" and eight digits; the result.
+  std::string current;  // "&H" and eight digits; the result.
   std::string defaultColour;
-  std::string custom;         // Six digits, blue, green, red.
+  std::string custom;  // Six digits, blue, green, red.
 };
 
 class FrmColourChoice : public QDialog {

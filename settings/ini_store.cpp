@@ -19,10 +19,9 @@ QString KeyOf(std::string_view application, std::string_view section, std::strin
 
 QString SettingsFileName() {
   const QString named = qEnvironmentVariable("QUORVANE_SETTINGS");
-  return named.isEmpty()
-             ? QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
-                   .filePath("Quorvane/Quorvane.conf")
-             : named;
+  return named.isEmpty() ? QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation))
+                               .filePath("Quorvane/Quorvane.conf")
+                         : named;
 }
 
 IniStore::IniStore(const QString& fileName, std::function<void(const FileError&)> onFailure)

@@ -13,10 +13,9 @@ constexpr std::array kSystemRoles = {
     std::pair{0x05u, QPalette::Base},       // Window background
     std::pair{0x06u, QPalette::Shadow},     // Window frame
     std::pair{0x08u, QPalette::Text},       // Window text
-    std::pair{0x0Du, QPalette::Highlight},
-    std::pair{0x0Eu, QPalette::HighlightedText},
-    std::pair{0x0Fu, QPalette::Button},     // Button face
-    std::pair{0x10u, QPalette::Mid},        // Button shadow
+    std::pair{0x0Du, QPalette::Highlight},  std::pair{0x0Eu, QPalette::HighlightedText},
+    std::pair{0x0Fu, QPalette::Button},  // Button face
+    std::pair{0x10u, QPalette::Mid},     // Button shadow
     std::pair{0x12u, QPalette::ButtonText},
 };
 

@@ -19,9 +19,10 @@ OldIniFile::ReadResult OldIniFile::Read(const std::string& directory, std::strin
   const auto found = FindIgnoringCase(directory, std::string(baseName) + ".ini");
   if (!found) {
     return {kErrorFileNotFound, "Quorvane Initialisation file not found",
-            "Initialisation file " + upper + ".INI was not found.  This file needs \r\nto be in the same directory as "
-            "the application file " + upper + ".EXE.  \r\nThat directory is:   " + directory +
-                "\r\nMove the INI file there and try again."};
+            "Initialisation file " + upper +
+                ".INI was not found.  This file needs \r\nto be in the same directory as "
+                "the application file " +
+                upper + ".EXE.  \r\nThat directory is:   " + directory + "\r\nMove the INI file there and try again."};
   }
   const std::string path = JoinPath(directory, *found);
   const FileHandle file(std::fopen(path.c_str(), "rb"));

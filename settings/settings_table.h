@@ -61,8 +61,8 @@ enum class Setting {
 // How a value read at start is repaired. Everywhere "NotFound" counts as absent.
 enum class Repair {
   None,
-  YesNo,        // Anything but "Yes" is "No".
-  Letters,      // Letters without repeats; never emptied by the repair.
+  YesNo,    // Anything but "Yes" is "No".
+  Letters,  // Letters without repeats; never emptied by the repair.
   LettersOrNone,
   Tiles,        // Letters, "?" and "-".
   Length,       // A whole number, 1 to 60.

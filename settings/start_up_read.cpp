@@ -37,10 +37,10 @@ constexpr std::array kColourSteps = {
 
 // What the conversion takes over as it stands.
 constexpr std::array kConverted = {
-    Setting::SaveFileName,  Setting::SelectedChars,  Setting::ExcludedChars,  Setting::ScrabbleChars,
-    Setting::SaveToFile,    Setting::TimerInd,       Setting::WideScreen,     Setting::WriteToLogFile,
-    Setting::PrinterColumns, Setting::FontSize,      Setting::Italic,         Setting::PaperSize,
-    Setting::PrinterOrientation, Setting::FontName,  Setting::PrinterName,
+    Setting::SaveFileName,       Setting::SelectedChars, Setting::ExcludedChars, Setting::ScrabbleChars,
+    Setting::SaveToFile,         Setting::TimerInd,      Setting::WideScreen,    Setting::WriteToLogFile,
+    Setting::PrinterColumns,     Setting::FontSize,      Setting::Italic,        Setting::PaperSize,
+    Setting::PrinterOrientation, Setting::FontName,      Setting::PrinterName,
 };
 
 // What the read of an old file looks up and applies by the rules of the table, besides lexicon, save file and printer.
@@ -100,8 +100,7 @@ LexiconChoice StartUpRead::ReadStore() {
                   "Lexicon file specified \r\n\r\n" + lexicon.path +
                       "\r\n\r\ncould not be found.  Defaulting to use 'words.lex'.",
                   true);
-    log_.Write(event::kLexiconError,
-               "Lexicon file " + lexicon.path + " could not be found; defaulting to 'words.lex'");
+    log_.Write(event::kLexiconError, "Lexicon file " + lexicon.path + " could not be found; defaulting to 'words.lex'");
     lexicon = {kDefaultLexicon, JoinPath(directory_, kDefaultLexicon)};
     SaveSetting(store_, Setting::LexiconFile, lexicon.setting);
   }

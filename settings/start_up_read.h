@@ -41,7 +41,6 @@ class StartUpRead {
   LexiconChoice Run();
 
  private:
-
   LexiconChoice ReadStore();
   void ReadOldFile();
   void Convert(const OldIniFile& old);

@@ -26,8 +26,8 @@ std::optional<std::string> CheckList(ListKind kind, const char* option, const st
 }
 
 bool IsLength(std::string_view text, int& length) {
-  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit) && ParseInteger(text, length) &&
-         length >= 1 && length <= kLongestLengthOffered;
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit) && ParseInteger(text, length) && length >= 1 &&
+         length <= kLongestLengthOffered;
 }
 
 }  // namespace
@@ -39,8 +39,8 @@ std::optional<std::string> SearchArguments::Settle() {
   }
   type = *named;
   lists = {include, exclude, rack};
-  for (const auto& [kind, option] : {std::pair{ListKind::Include, "--include"}, {ListKind::Exclude, "--exclude"},
-                                     {ListKind::Scrabble, "--rack"}}) {
+  for (const auto& [kind, option] :
+       {std::pair{ListKind::Include, "--include"}, {ListKind::Exclude, "--exclude"}, {ListKind::Scrabble, "--rack"}}) {
     if (auto problem = CheckList(kind, option, lists.Of(kind))) {
       return problem;
     }
@@ -69,7 +69,8 @@ std::optional<std::string> FindArguments::Settle() {
     return "--sort: '" + sortName + "' is none of alpha, short and long";
   }
   if (FromStandardInput() && (!saveFile.empty() || !saveLexicon.empty())) {
-    return std::string(saveFile.empty() ? "--save-lexicon" : "--save") + " saves one search; it does not go with find -";
+    return std::string(saveFile.empty() ? "--save-lexicon" : "--save") +
+           " saves one search; it does not go with find -";
   }
   return std::nullopt;
 }

@@ -100,7 +100,7 @@ class FindRun {
   bool Load() {
     const std::string path = LexiconPath(arguments_.lexicon, arguments_.dataDir);
     const auto start = Clock::now();
-    const LoadResult loaded = LoadLexicon(path);
+    const LoadResult loaded = LoadLexicon(path, kLexiconCapacity, TextSource::Map);
     const double elapsed = MillisecondsSince(start);
     if (loaded.outcome != LoadOutcome::Ok) {
       Complain(DescribeLoad(path, loaded));
@@ -127,8 +127,12 @@ class FindRun {
     if (read.kept != typed) {
       Note("pattern '" + typed + "' was read as '" + read.kept + "'");
     }
-    ScanRequest request{read.prepared, arguments_.search.lists, kAnyMinLength, kAnyMaxLength,
-                        arguments_.search.type == WordType::Palindrome, read.randomCount};
+    ScanRequest request{read.prepared,
+                        arguments_.search.lists,
+                        kAnyMinLength,
+                        kAnyMaxLength,
+                        arguments_.search.type == WordType::Palindrome,
+                        read.randomCount};
     if (!arguments_.range.any) {
       request.minLength = arguments_.range.min;
       request.maxLength = arguments_.range.max;
@@ -138,8 +142,8 @@ class FindRun {
     const ScanOutcome outcome = PerformScan(*lexicon_, request, found, random_);
     const double elapsed = MillisecondsSince(start);
     if (!outcome.errors.empty()) {
-      return Refuse(typed, ReportOf(outcome.errors.front()).statusText + " (" +
-                               outcome.errors.front().error.description + ")");
+      return Refuse(
+          typed, ReportOf(outcome.errors.front()).statusText + " (" + outcome.errors.front().error.description + ")");
     }
     results_.EndSearch(lexicon_, outcome, arguments_.upper);
     if (arguments_.order != SortOrder::Alphabetic) {

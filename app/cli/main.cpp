@@ -1,7 +1,10 @@
 // The command line of the engine: `quorvane-cli`.
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <csignal>
 #include <exception>
 
 #include "app/cli/explain_command.h"
@@ -42,8 +45,9 @@ int Run(int argc, const char* const* argv) {
   app.require_subcommand(1);
 
   FindArguments find;
-  CLI::App* findCommand = app.add_subcommand("find", "List every word that fits, one a line (PATTERN -: each line of "
-                                                     "standard input)");
+  CLI::App* findCommand = app.add_subcommand("find",
+                                             "List every word that fits, one a line (PATTERN -: each line of "
+                                             "standard input)");
   findCommand->footer(kFooter);
   AddSearchOptions(findCommand, find.search);
   findCommand->add_option("--lexicon", find.lexicon, "Lexicon file (default: words.lex of the program's directory)");
@@ -121,7 +125,19 @@ int Run(int argc, const char* const* argv) {
 }  // namespace
 }  // namespace quorvane::cli
 
+namespace {
+
+// The searched lexicon is mapped: somebody has shortened the file meanwhile.
+extern "C" void LexiconVanished(int) {
+  constexpr char kText[] = "quorvane-cli: the lexicon file was shortened while it was being searched\n";
+  [[maybe_unused]] const auto written = write(STDERR_FILENO, kText, sizeof kText - 1);
+  _exit(quorvane::cli::kFailed);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
+  std::signal(SIGBUS, LexiconVanished);
   try {
     return quorvane::cli::Run(argc, argv);
   } catch (const std::exception& error) {
