@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <csignal>
 #include <exception>
+#include <iostream>
 
 #include "app/cli/explain_command.h"
 #include "app/cli/find_command.h"
@@ -30,11 +31,12 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   command->add_option("--rack", arguments.rack, "Tiles that = stands for; - and ? are blanks (default none)");
 }
 
-// A word of the command line that begins with "-", is no option of ours and stands in front of any "--".
-bool LooksLikePattern(const std::vector<std::string>& arguments) {
+// Whether a word in front of any "--" begins with "-" and is no option of the command: a pattern, most likely.
+bool HoldsDashedPattern(const CLI::App& command, const std::vector<std::string>& arguments) {
   const auto end = std::find(arguments.begin(), arguments.end(), "--");
-  return std::any_of(arguments.begin(), end, [](const std::string& argument) {
-    return argument.size() > 1 && argument[0] == '-' && argument[1] != '-' && argument != "-h" && argument != "-o";
+  return std::any_of(arguments.begin(), end, [&command](const std::string& argument) {
+    return argument.size() > 1 && argument[0] == '-' &&
+           command.get_option_no_throw(argument.substr(0, argument.find('='))) == nullptr;
   });
 }
 
@@ -88,16 +90,17 @@ int Run(int argc, const char* const* argv) {
   makeCommand->add_option("INPUT", makeInputs, "Word lists")->required();
   makeCommand->add_option("-o", makeOutput, "The lexicon file to write")->required();
 
-  std::vector<std::string> arguments = SplitEmptyValues(argc, argv);
-  const bool looksLikePattern = LooksLikePattern(arguments);
-  std::reverse(arguments.begin(), arguments.end());
+  const std::vector<std::string> arguments = SplitEmptyValues(argc, argv);
+  std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
-    app.parse(arguments);
+    app.parse(reversed);
   } catch (const CLI::Success& success) {
-    return app.exit(success);
+    app.exit(success);
+    return std::cout.flush() ? kFound : kFailed;
   } catch (const CLI::ParseError& error) {
     app.exit(error);
-    if (looksLikePattern && (findCommand->parsed() || explainCommand->parsed())) {
+    const CLI::App* command = findCommand->parsed() ? findCommand : explainCommand;
+    if (command->parsed() && HoldsDashedPattern(*command, arguments)) {
       Complain("a pattern that begins with - stands behind --, as in: quorvane-cli find -- -at");
     }
     return kFailed;
