@@ -237,6 +237,18 @@ TEST_F(CommandLine, FindsEachLineOfStandardInput) {
   Try(rows);
 }
 
+TEST_F(CommandLine, ALexiconThatVanishesMeanwhileIsAnError) {
+  // Two pipes in step: the file is emptied between two patterns.
+  const Result result =
+      Run("mkfifo in out; q find - <in >out & exec 3>in 4<out; echo at >&3; read word <&4; echo $word; : >words.lex; "
+          "echo at >&3; exec 3>&-; cat <&4; wait $!");
+  EXPECT_EQ(result.out.substr(0, 3), "at\n");
+  if (result.status != 0) {  // A program that keeps the words itself goes on.
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.err.find("quorvane-cli: the lexicon file was shortened"), std::string::npos) << result.err;
+  }
+}
+
 TEST_F(CommandLine, Json) {
   directory_.Write("odd.lex", "a\x80\r\na\x81\r\na\x8D\r\na\x8F\r\na\x90\r\na\x9D\r\na\"\r\na\\\r\na\t\r\n");
   const struct {

@@ -308,7 +308,8 @@ TEST(Lexicon, AgreesWithAPlainReader) {
     }
     const int32_t capacity = static_cast<int32_t>(below(2) == 0 ? 1 + below(60) : 60);
     const LoadResult plain = PlainLoad(lines, capacity);
-    const LoadResult loaded = LoadLexicon(directory.Write("words.lex", bytes), capacity);
+    const LoadResult loaded =
+        LoadLexicon(directory.Write("words.lex", bytes), capacity, below(2) == 0 ? TextSource::Read : TextSource::Map);
     ASSERT_EQ(loaded.outcome, plain.outcome) << bytes;
     ASSERT_EQ(loaded.count, plain.count) << bytes;
     ASSERT_EQ(loaded.lastWord, plain.lastWord) << bytes;
@@ -336,6 +337,32 @@ TEST(Lexicon, AgreesWithAPlainReader) {
   for (const auto outcome : {LoadOutcome::Ok, LoadOutcome::Capacity, LoadOutcome::NotSorted,
                              LoadOutcome::NotSortedError, LoadOutcome::ListError}) {
     EXPECT_GT(outcomes[outcome], 30) << "cases of outcome " << static_cast<int>(outcome);
+  }
+}
+
+TEST(Lexicon, FilesThatFillTheirLastPage) {
+  for (const TextSource source : {TextSource::Read, TextSource::Map}) {
+    for (const size_t size : {4095u, 4096u, 4097u, 8192u, 65536u}) {
+      std::string bytes;
+      while (bytes.size() + 100 < size) {
+        bytes += "Abc\r\n";
+      }
+      const std::string last = "z" + std::string((size - bytes.size()) / 2, 'y');
+      bytes += std::string(size - bytes.size() - last.size() - 1, 'a') + "\n" + last;
+      ASSERT_EQ(bytes.size(), size);
+      std::shared_ptr<const Lexicon> lexicon;
+      {
+        const TemporaryDirectory directory;
+        lexicon = LoadLexicon(directory.Write("words.lex", bytes), kLexiconCapacity, source).lexicon;
+      }
+      // The file is gone; the lexicon does not need it.
+      ASSERT_TRUE(lexicon);
+      const auto count = static_cast<WordNumber>(lexicon->count());
+      EXPECT_EQ(lexicon->Word(count), last);
+      EXPECT_EQ(lexicon->Letters(count), LetterBit('z') | LetterBit('y'));
+      EXPECT_EQ(lexicon->Word(1), "Abc");
+      EXPECT_EQ(lexicon->FoldedWord(1), "abc");
+    }
   }
 }
 
