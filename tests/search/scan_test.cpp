@@ -150,6 +150,8 @@ TEST(Scan, FindsWhatFits) {
       {"ass assess sss", "%1ss", "ass"},
       {"aba ababa abababa", "%2aba", "ababa"},
       {"it's its sits", "%1s", "it's its"},
+      {"a'ss a'sss a'ssss", "%2ss", "a'sss"},
+      {"a'a a'b aa'a", ";aa", "a'a aa'a"},
       {"pant planet point tnp", ";pnt", "pant planet point"},
       {"pant planet point tnp", ";tnp", "tnp"},
       {"pan planet point tnp", ";tnp~", "planet point tnp"},
