@@ -79,6 +79,9 @@ void FrmAmend::MakeControls(QGridLayout* grid) {
   model_->setRootPath("/");
   directories_->setModel(model_);
   directories_->setHeaderHidden(true);
+  // Directories are read as they are needed: each one read may move the selected one out of sight.
+  connect(model_, &QFileSystemModel::directoryLoaded, this,
+          [this] { directories_->scrollTo(directories_->currentIndex(), QAbstractItemView::PositionAtCenter); });
   for (int column = 1; column < model_->columnCount(); ++column) {
     directories_->hideColumn(column);
   }

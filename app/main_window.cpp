@@ -71,7 +71,7 @@ void MainWindow::MakePanels() {
   lblStatus_->setMargin(3);
   // A long text is cut at the window's edge instead of widening the window.
   lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  lblTimer_ = MakeLabel("lblTimer", "", "Time of the last search or sort", central);
+  lblTimer_ = MakeReadableLabel("lblTimer", "Time of the last search or sort", central);
   lblTimer_->setMinimumWidth(lblTimer_->fontMetrics().horizontalAdvance("Time = 000.00s "));
   pbBar_ = Named(new QProgressBar(central), "pbBar", "Progress of the search");
   pbBar_->setTextVisible(false);

@@ -4,8 +4,30 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
+#include <algorithm>
+#include <cmath>
 
 namespace quorvane {
+namespace {
+
+constexpr QColor kPlate(0x38, 0x38, 0x38);
+constexpr double kLeastContrast = 2.0;
+
+double Luminance(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+// 1 for the same colour to 21 for black and white.
+double Contrast(const QColor& a, const QColor& b) {
+  const double one = Luminance(a) + 0.05;
+  const double other = Luminance(b) + 0.05;
+  return std::max(one, other) / std::min(one, other);
+}
+
+}  // namespace
 
 ClickLabel::ClickLabel(const QString& name, const QString& text, const QString& toolTip, QWidget* parent)
     : QLabel(text, parent) {
@@ -47,6 +69,24 @@ void ClickLabel::paintEvent(QPaintEvent* event) {
     option.initFrom(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
   }
+}
+
+void ReadableLabel::paintEvent(QPaintEvent* event) {
+  const QColor ink = palette().color(QPalette::WindowText);
+  const QColor ground = palette().color(QPalette::Window);
+  if (!text().isEmpty() && Contrast(ink, ground) < kLeastContrast) {
+    QPainter painter(this);
+    const QRect plate = fontMetrics().boundingRect(contentsRect(), static_cast<int>(alignment()), text());
+    painter.fillRect(plate.adjusted(-3, 0, 3, 0).intersected(rect()), kPlate);
+  }
+  QLabel::paintEvent(event);
+}
+
+QLabel* MakeReadableLabel(const QString& name, const QString& toolTip, QWidget* parent) {
+  auto* label = new ReadableLabel(parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setIndent(3);
+  return Named(label, name, toolTip);
 }
 
 QLabel* MakeLabel(const QString& name, const QString& text, const QString& toolTip, QWidget* parent) {

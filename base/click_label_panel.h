@@ -22,8 +22,19 @@ class ClickLabel : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 };
 
+// A label whose text stays readable in any colour: where the colour hardly differs from the background, the text stands
+// on a dark plate.
+class ReadableLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
 // A label with its name, plain text and, as tooltip and description for a screen reader, what it is.
 QLabel* MakeLabel(const QString& name, const QString& text, const QString& toolTip, QWidget* parent);
+QLabel* MakeReadableLabel(const QString& name, const QString& toolTip, QWidget* parent);
 
 // A control's name, tooltip and description.
 template <class Control>

@@ -39,8 +39,8 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   lbWordList_->setSelectionMode(QAbstractItemView::SingleSelection);
   lbWordList_->setMinimumWidth(240);
   lblAnswers_->setBuddy(lbWordList_);
-  lblXofY_ = MakeLabel("lblXofY", "", "Number of word within current list, and also word length", this);
-  lblXofY_->setMinimumHeight(2 * lblXofY_->fontMetrics().lineSpacing());
+  lblXofY_ = MakeReadableLabel("lblXofY", "Number of word within current list, and also word length", this);
+  lblXofY_->setMinimumHeight(2 * lblXofY_->fontMetrics().lineSpacing() + 8);
   lblXofY_->setAlignment(Qt::AlignTop);
   layout->addWidget(lblAnswers_);
   layout->addWidget(lbWordList_, 1);

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "base/click_label_panel.h"
@@ -72,6 +73,8 @@ FrmChangeList::FrmChangeList(ListKind kind, SettingsStore& settings, EventLog& l
   connect(ok, &QPushButton::clicked, this, &FrmChangeList::Store);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   tbChangeInput_->setFocus();
+  // The first focus selects the whole text; the caret belongs at its end.
+  QTimer::singleShot(0, tbChangeInput_, [this] { tbChangeInput_->end(false); });
 }
 
 void FrmChangeList::Clean() {
