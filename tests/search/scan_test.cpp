@@ -152,6 +152,8 @@ TEST(Scan, FindsWhatFits) {
       {"it's its sits", "%1s", "it's its"},
       {"a'ss a'sss a'ssss", "%2ss", "a'sss"},
       {"a'a a'b aa'a", ";aa", "a'a aa'a"},
+      {"axbyby'c axby'c", "a*1b1*c", "axbyby'c"},
+      {"c'bab c'bcd", "*1a1*", "c'bab"},
       {"pant planet point tnp", ";pnt", "pant planet point"},
       {"pant planet point tnp", ";tnp", "tnp"},
       {"pan planet point tnp", ";tnp~", "planet point tnp"},
