@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QListView>
 
 #include "app/main_window.h"
 #include "lookup/lookup_panel.h"

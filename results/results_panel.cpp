@@ -1,7 +1,6 @@
 #include "results/results_panel.h"
 
 #include <QLabel>
-#include <QListView>
 #include <QVBoxLayout>
 
 #include "base/click_label_panel.h"
@@ -11,19 +10,7 @@
 namespace quorvane {
 namespace {
 
-// A list whose first size is given; from there it grows with the window.
-class WordListView : public QListView {
- public:
-  using QListView::QListView;
-  void SetRegionHeight(int height) {
-    regionHeight_ = height;
-    updateGeometry();
-  }
-  QSize sizeHint() const override { return {QListView::sizeHint().width(), regionHeight_}; }
-
- private:
-  int regionHeight_ = PixelsOfTwips(3540);
-};
+constexpr int kFirstListTwips = 3540;
 
 }  // namespace
 
@@ -34,9 +21,7 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   lblAnswers_ = MakeLabel("lblAnswers", "Results :", {}, this);
   lbWordList_ = Named(new WordListView(this), "lbWordList", "The words found; a double click copies one");
   lbWordList_->setAccessibleName("Results");
-  lbWordList_->setUniformItemSizes(true);
-  lbWordList_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  lbWordList_->setSelectionMode(QAbstractItemView::SingleSelection);
+  SetRegionHeight(PixelsOfTwips(kFirstListTwips));
   lbWordList_->setMinimumWidth(240);
   lblAnswers_->setBuddy(lbWordList_);
   lblXofY_ = MakeReadableLabel("lblXofY", "Number of word within current list, and also word length", this);
@@ -48,8 +33,8 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   model_ = new WordListModel(results_, this);
   lbWordList_->setModel(model_);
   connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsPanel::SelectionChanged);
-  connect(lbWordList_, &QListView::clicked, this, &ResultsPanel::SelectionChanged);
-  connect(lbWordList_, &QListView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
+  connect(lbWordList_, &QAbstractItemView::clicked, this, &ResultsPanel::SelectionChanged);
+  connect(lbWordList_, &QAbstractItemView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
 }
 
 std::optional<size_t> ResultsPanel::Selected() const {
@@ -62,7 +47,7 @@ void ResultsPanel::ClearPosition() {
 }
 
 void ResultsPanel::SetRegionHeight(int height) {
-  static_cast<WordListView*>(lbWordList_)->SetRegionHeight(height);
+  lbWordList_->SetFirstHeight(height);
 }
 
 void ResultsPanel::SelectionChanged() {

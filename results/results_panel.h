@@ -6,9 +6,9 @@
 
 #include "results/result_list.h"
 #include "results/word_list_model.h"
+#include "results/word_list_panel.h"
 
 class QLabel;
-class QListView;
 
 namespace quorvane {
 
@@ -35,7 +35,7 @@ class ResultsPanel : public QWidget {
   // The height of the list's region at its first size, in pixels.
   void SetRegionHeight(int height);
 
-  QListView* List() const { return lbWordList_; }
+  WordListView* List() const { return lbWordList_; }
   QLabel* PositionLabel() const { return lblXofY_; }
   QLabel* Caption() const { return lblAnswers_; }
 
@@ -49,7 +49,7 @@ class ResultsPanel : public QWidget {
   ResultList results_;
   WordListModel* model_ = nullptr;
   QLabel* lblAnswers_ = nullptr;
-  QListView* lbWordList_ = nullptr;
+  WordListView* lbWordList_ = nullptr;
   QLabel* lblXofY_ = nullptr;
 };
 

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLineEdit>
-#include <QListView>
+#include <QAbstractItemView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>

@@ -1,0 +1,110 @@
+// The window's own figures. Usage: window_figures LEXICON WHAT, where WHAT is
+//   empty   shows an empty window and ends (to compare with)
+//   start   shows the program's window over LEXICON, ready for input, and ends
+//   keys    prints the median and the worst time from a key press to the painted status, in milliseconds
+//   search  prints the median time from Enter to the painted list of a search for "*"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QWidget>
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <vector>
+
+#include "app/main_window.h"
+#include "app/start_up.h"
+#include "base/qt_text.h"
+#include "settings/ini_store.h"
+
+namespace {
+
+using namespace quorvane;
+
+constexpr int kRuns = 9;
+
+class NoRandom : public RandomSource {
+ public:
+  double NextFraction() override { return 0.5; }
+};
+
+// Everything that a paint needs: what is queued is handled, and the window system has seen it.
+void Settle() {
+  QApplication::sendPostedEvents();
+  QApplication::processEvents();
+}
+
+struct Program {
+  explicit Program(const QString& lexicon)
+      : settings(folder.filePath("quorvane.conf"), [](const FileError&) {}),
+        log(ToText(folder.filePath("quorvane.log")), SystemClock(), [](const FileError&) {}),
+        services{settings, log, door, random, ToText(folder.path()), ""} {
+    std::filesystem::create_symlink(std::filesystem::absolute(ToText(lexicon)), ToText(folder.filePath("words.lex")));
+    settings.Save(kApplicationName, "Options", "SaveToFile", "No");
+    window = std::make_unique<MainWindow>(services);
+    window->show();
+    StartUp(*window, services).Run();
+    Settle();
+  }
+
+  double Press(int key, const QString& text) {
+    QWidget* box = window->findChild<QLineEdit*>("tbInput");
+    QElapsedTimer timer;
+    timer.start();
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(box, &press);
+    Settle();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+  }
+
+  QTemporaryDir folder;
+  ScreenDoor door;
+  NoRandom random;
+  IniStore settings;
+  EventLog log;
+  Services services;
+  std::unique_ptr<MainWindow> window;
+};
+
+void Report(const char* what, std::vector<double> times) {
+  std::sort(times.begin(), times.end());
+  std::printf("%s: median %.2f ms, worst %.2f ms\n", what, times[times.size() / 2], times.back());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  const QStringList arguments = QApplication::arguments();
+  const QString what = arguments.value(2);
+  if (what == "empty") {
+    QWidget empty;
+    empty.resize(700, 550);
+    empty.show();
+    Settle();
+    return 0;
+  }
+  Program program(arguments.value(1));
+  if (what == "keys") {
+    std::vector<double> times;
+    for (int run = 0; run < kRuns; ++run) {
+      for (const QChar c : QString("un?a@$*e")) {
+        times.push_back(program.Press(0, c));
+      }
+      program.window->findChild<QLineEdit*>("tbInput")->clear();
+      Settle();
+    }
+    Report("key press to painted status", times);
+  } else if (what == "search") {
+    program.Press(0, "*");
+    std::vector<double> times;
+    for (int run = 0; run < kRuns; ++run) {
+      times.push_back(program.Press(Qt::Key_Return, ""));
+    }
+    Report("search of * to painted list", times);
+  }
+  return 0;
+}

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# The window's figures under Xvfb: key press to painted status, a search of 2,000,000 words to the painted list, and the
+# start over the default lexicon beside that of an empty window (medians of 9 whole processes).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+command -v Xvfb >/dev/null || { echo "window_figures: Xvfb is missing (Debian: xvfb)" >&2; exit 2; }
+bin=build/release/bin
+scratch=$(mktemp -d)
+Xvfb :97 -screen 0 1400x1000x24 >/dev/null 2>&1 &
+server=$!
+trap 'kill $server; rm -rf "$scratch"' EXIT
+export DISPLAY=:97 QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$scratch
+chmod 700 "$scratch"
+until [ -S /tmp/.X11-unix/X97 ]; do :; done
+
+$bin/make_bench_lexicon "$scratch/bench.lex"
+$bin/window_figures "$scratch/bench.lex" keys
+$bin/window_figures "$scratch/bench.lex" search
+
+median_start() {
+  for _ in 1 2 3 4 5 6 7 8 9; do
+    local from=$(date +%s%N)
+    $bin/window_figures $bin/words.lex "$1"
+    echo $((($(date +%s%N) - from) / 10000))
+  done | sort -n | sed -n 5p
+}
+empty=$(median_start empty)
+full=$(median_start start)
+awk -v empty="$empty" -v full="$full" 'BEGIN {
+  printf "start: %.1f ms, an empty window %.1f ms, difference %.1f ms\n", full / 100, empty / 100, (full - empty) / 100 }'
