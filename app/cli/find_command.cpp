@@ -1,6 +1,7 @@
 #include "app/cli/find_command.h"
 
 #include <chrono>
+#include <cmath>
 #include <cstring>
 #include <iostream>
 #include <random>
@@ -154,7 +155,7 @@ class FindRun {
     Show(typed, read, summary, elapsed);
     Note(summary);
     if (arguments_.time) {
-      Note(TimeText(static_cast<int64_t>(elapsed + 0.5)));
+      Note(TimeText(std::llround(elapsed)));
     }
     if (!Save(read)) {
       return kFailed;
