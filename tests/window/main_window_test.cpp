@@ -1,0 +1,847 @@
+// The main window as a person uses it: keys, clicks, menus, and what it says.
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+#include <filesystem>
+
+#include "base/qt_text.h"
+#include "base/version.h"
+#include "tests/window/window_fixture.h"
+
+namespace quorvane::test {
+namespace {
+
+using Keys = std::vector<Qt::Key>;
+
+const std::string kSeparator(80, '=');
+const std::string kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+
+class MainWindowTest : public WindowTest {
+ protected:
+  std::vector<std::string> TickedModes() {
+    std::vector<std::string> ticked;
+    for (const char* name :
+         {"menWordTypeWordList", "menWordTypePalindrome", "menWordTypeAnagram", "menWordTypeAnagramExact"}) {
+      if (Item(name)->isChecked()) {
+        ticked.push_back(name);
+      }
+    }
+    return ticked;
+  }
+};
+
+TEST_F(MainWindowTest, AFirstStartIsReadyAndWritesItsDiaryInOrder) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(ToText(window->windowTitle()), "Quorvane  v" + VersionText() + "  ");
+  EXPECT_EQ(Status(), "Please enter a word selection.");
+  EXPECT_TRUE(StatusIsBold());
+  EXPECT_EQ(
+      Log(),
+      (Texts{kSeparator, "START Application started (v" + VersionText() + ", compiled " + BuildDate() + ")",
+             "EMP-OUT An empty output file, <dir>/outlist.txt, was created",
+             "WORDCT 18 words defined in lexicon file 'words.lex'", "SELECTS Inc #" + kAlphabet + "   Exc !   Scr ="}));
+  EXPECT_EQ(ReadFile(dir.File("outlist.txt")), "Dummy file - this will be replaced by your selection.\r\n");
+  EXPECT_EQ(TickedModes(), Texts{"menWordTypeWordList"});
+  EXPECT_EQ(Text("btnFindWords"), "&Words");
+  EXPECT_EQ(Text("cmdFontToggle"), "Fix&ed width");
+  EXPECT_EQ(ToText(Item("menScrabbleChars")->text()), "F4: &Scrabble chars for =   ... currently []");
+  EXPECT_EQ(Text("lblLex"), "words.lex");
+  EXPECT_EQ(Text("lblWebLink"), "Merriam-Webster");
+  EXPECT_TRUE(Find("tbInput")->hasFocus());
+  for (const char* name : {"menFilePrint", "menFileSaveData", "menSaveAsLex"}) {
+    EXPECT_FALSE(Item(name)->isEnabled()) << name;
+  }
+  for (const char* name : {"cmdPrint", "cmdWebLink"}) {
+    EXPECT_FALSE(Find(name)->isEnabled()) << name;
+  }
+  EXPECT_TRUE(door.questions.empty());
+  EXPECT_TRUE(failures.empty());
+}
+
+TEST_F(MainWindowTest, OneWordIsCountedInTheSingular) {
+  dir.Write("words.lex", "cat\r\n");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(CountLog("WORDCT 1 word defined in lexicon file 'words.lex'"), 1);
+}
+
+// Wherever the focus is, a list box that has keys of its own included.
+TEST_F(MainWindowTest, FunctionKeysOpenTheirWindows) {
+  dir.Write("Quorvane.hlp", "<p>Help</p>");
+  ASSERT_TRUE(Start());
+  Search("c*t");
+  const std::vector<std::pair<Qt::Key, const char*>> keys = {
+      {Qt::Key_F1, "frmHelp"},
+      {Qt::Key_F2, "frmChangeSelectChars"},
+      {Qt::Key_F3, "frmChangeExcludeChars"},
+      {Qt::Key_F4, "frmChangeScrabbleChars"},
+      {Qt::Key_F6, "frmWeblinkChoice"},
+      {Qt::Key_F7, "frmNewLex"},
+  };
+  for (const char* focus : {"tbInput", "cbLenFr", "cbLenTo", "lbWordList", "rbPalindrome", "cmdClear", "lblWebLink"}) {
+    for (const auto& [key, dialog] : keys) {
+      Find(focus)->setFocus();
+      ASSERT_TRUE(Find(focus)->hasFocus()) << focus;
+      Key(key);
+      EXPECT_EQ(door.TakeDialogs(), Texts{dialog}) << focus;
+      EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << focus;
+      // With a modifier the key is no command.
+      Key(key, Qt::ShiftModifier);
+      EXPECT_EQ(door.TakeDialogs(), Texts{}) << focus;
+    }
+  }
+}
+
+TEST_F(MainWindowTest, FunctionKeysChooseTheMode) {
+  ASSERT_TRUE(Start());
+  struct Row {
+    Qt::Key key;
+    const char* text;  // In the pattern box.
+    const char* ticked;
+    const char* caption;
+  };
+  for (const auto& [key, text, ticked, caption] : {
+           Row{Qt::Key_F10, "noon", "menWordTypePalindrome", "Pali&ndrome"},
+           Row{Qt::Key_F9, "noon", "menWordTypeWordList", "&Words"},
+           Row{Qt::Key_F11, "noon", "menWordTypeAnagram", "&Anagrams"},
+           Row{Qt::Key_F12, "noon", "menWordTypeAnagramExact", "&Anagrams"},
+           Row{Qt::Key_F9, "n*n", "menWordTypeWordList", "&Words"},
+           Row{Qt::Key_F11, "n*n", "menWordTypeWordList", "&Words"},
+           Row{Qt::Key_F12, "n?n", "menWordTypeWordList", "&Words"},
+           Row{Qt::Key_F12, "%2s", "menWordTypeWordList", "&Words"},
+           Row{Qt::Key_F11, "~3", "menWordTypeWordList", "&Words"},
+           Row{Qt::Key_F10, "n*n", "menWordTypePalindrome", "Pali&ndrome"},
+       }) {
+    Type(text);
+    Find("cbLenTo")->setFocus();
+    Key(key);
+    EXPECT_EQ(TickedModes(), Texts{ticked}) << text;
+    EXPECT_EQ(Text("btnFindWords"), caption) << text;
+    const bool acted = key == Qt::Key_F9 || key == Qt::Key_F10 || std::string(text) == "noon";
+    EXPECT_EQ(Find("tbInput")->hasFocus(), acted) << text;
+  }
+}
+
+TEST_F(MainWindowTest, LookUpAndSaveKeysActOnlyWhileTheirCommandsDo) {
+  ASSERT_TRUE(Start());
+  Find<QCheckBox>("cbSaveToFile")->setChecked(false);
+  Key(Qt::Key_F5);
+  Key(Qt::Key_F8);
+  EXPECT_EQ(Status(), "Please enter a word selection.");
+  Search("c?t");
+  NewLog();
+  Key(Qt::Key_F5);  // Nothing is selected.
+  EXPECT_EQ(Status(), "2 words found");
+  Key(Qt::Key_F8);
+  EXPECT_EQ(Status(), "Current wordlist has been saved");
+  EXPECT_EQ(NewLog(), Texts{"SAVE Wordlist has been saved"});
+  EXPECT_EQ(ReadFile(dir.File("outlist.txt")),
+            "2 words found matching the word pattern \"c?t\"\r\n\r\n--- START OF LIST ---\r\ncat\r\ncot\r\n"
+            "--- END OF LIST ---\r\n");
+  Search("q*");
+  Key(Qt::Key_F8);
+  EXPECT_EQ(Status(), "0 words found");
+  EXPECT_EQ(CountLog("SAVE Wordlist"), 1);
+}
+
+TEST_F(MainWindowTest, FunctionKeysAreSilentWhileADialogIsOpen) {
+  ASSERT_TRUE(Start());
+  door.scripts.push_back([this](QDialog& dialog) {
+    for (const Qt::Key key : {Qt::Key_F3, Qt::Key_F4, Qt::Key_F7, Qt::Key_F11}) {
+      QTest::keyClick(dialog.windowHandle(), key);
+      QTest::keyClick(In(dialog, "tbChangeInput"), key);
+      QTest::keyClick(Find("tbInput"), key);
+    }
+    EXPECT_EQ(door.dialogs.size(), 1U);
+  });
+  Key(Qt::Key_F2);
+  EXPECT_EQ(door.TakeDialogs(), Texts{"frmChangeSelectChars"});
+  EXPECT_EQ(TickedModes(), Texts{"menWordTypeWordList"});
+}
+
+TEST_F(MainWindowTest, AMissingHelpFileIsNamed) {
+  ASSERT_TRUE(Start());
+  Key(Qt::Key_F1);
+  EXPECT_NE(door.TakeText().find(dir.File("Quorvane.hlp")), std::string::npos);
+}
+
+TEST_F(MainWindowTest, ModesByButtonAndMenu) {
+  ASSERT_TRUE(Start());
+  struct Row {
+    const char* button;
+    const char* item;
+    const char* caption;
+    const char* typed;
+    Texts found;
+    const char* summary;
+  };
+  const std::vector<Row> rows = {
+      {"rbPalindrome",
+       "menWordTypePalindrome",
+       "Pali&ndrome",
+       "*a*",
+       {"a", "abba", "aha", "kayak"},
+       "4 palindromes found"},
+      {"rbAnagram", "menWordTypeAnagram", "&Anagrams", "tea", {"a", "eat", "tea"}, "3 full anagrams found"},
+      {"rbAnagramExact",
+       "menWordTypeAnagramExact",
+       "&Anagrams",
+       "listen",
+       {"inlet", "listen", "silent", "tinsel"},
+       "4 exact-length anagrams found"},
+      {"rbQuorvane", "menWordTypeWordList", "&Words", "zoo", {"zoo"}, "1 word found"},
+  };
+  for (const bool byMenu : {false, true}) {
+    for (Row row : rows) {
+      Type("");
+      if (byMenu) {
+        Item(row.item)->trigger();
+      } else {
+        Click(row.button);
+      }
+      EXPECT_TRUE(Find<QRadioButton>(row.button)->isChecked()) << row.button;
+      EXPECT_EQ(TickedModes(), Texts{row.item});
+      EXPECT_EQ(Text("btnFindWords"), row.caption);
+      Type(row.typed);
+      Click("btnFindWords");
+      if (std::string(row.button) == "rbAnagramExact") {
+        row.found.erase(row.found.begin());  // One letter short.
+        row.summary = "3 exact-length anagrams found";
+      }
+      EXPECT_EQ(Entries(), row.found) << row.button;
+      EXPECT_EQ(Status(), row.summary);
+    }
+  }
+}
+
+TEST_F(MainWindowTest, TypingExplainsAndRefuses) {
+  ASSERT_TRUE(Start());
+  Store("Selection", "ExcludedChars", "Aeiou");
+  constexpr const char* kUnchanged = "(unchanged)";
+  struct Row {
+    const char* typed;
+    const char* kept;
+    const char* status;
+    const char* letters;
+    int beeps;
+    bool search;
+  };
+  for (const auto& [typed, kept, status, letters, beeps, search] : {
+           Row{"abc", "abc", kUnchanged, "(3 letters)", 0, true},
+           Row{"a", "a", kUnchanged, "(1 letter)", 0, true},
+           Row{"", "", kUnchanged, "", 0, true},
+           Row{"a*b", "a*b", "'*' stands for zero or more characters", "(min. 2 letters)", 0, true},
+           Row{"a*b*c*", "a*b*c", "A maximum of two asterisks may be entered", "(min. 3 letters)", 4, true},
+           Row{"a**", "a*", "Can't enter two asterisks next to each other", "(min. 1 letter)", 4, true},
+           Row{"=", "", "There are no characters defined in the 'Scrabble' string", "", 4, true},
+           Row{"c!t", "c!t", "'!' currently stands for excluding any of [aeiou]", "(3 letters)", 0, true},
+           Row{"c'", "c'", "' stands for any letter with an ascender [bdfhklt]", "(2 letters)", 0, true},
+           Row{"a2", "a", kUnchanged, "(1 letter)", 0, true},
+           Row{"a1b2c3", "a1b2c3", "'3' stands for any character; every '3' denotes the same character", "(6 letters)",
+               0, true},
+           Row{"a b&c", "abc", kUnchanged, "(3 letters)", 0, true},
+           Row{"~", "~", "'~' allows display of random words - specify a number [default 1]", "1 random words", 0,
+               true},
+           Row{"~12345", "~1234", "'~' allows display of random words - specify a number [default 1]",
+               "1234 random words", 0, true},
+           Row{"%2", "%2", nullptr, nullptr, 0, false},
+           Row{"%2abcdefghi", "%2abcdefgh", nullptr, nullptr, 0, true},
+           Row{"%2ab>c", "%2ab>", nullptr, "Words with >=2 counts of 'ab'", 0, true},
+           Row{";", ";", nullptr, nullptr, 0, false},
+           Row{";ab", ";ab", nullptr, nullptr, 0, true},
+       }) {
+    Type("");
+    window->ShowStatus(kUnchanged);
+    door.beeps = 0;
+    QTest::keyClicks(Find("tbInput"), typed);
+    EXPECT_EQ(Text("tbInput"), kept) << typed;
+    if (status != nullptr) {
+      EXPECT_EQ(Status(), status) << typed;
+    }
+    if (letters != nullptr) {
+      EXPECT_EQ(Text("lblNumLetters"), letters) << typed;
+    }
+    EXPECT_EQ(door.beeps, beeps) << typed;
+    EXPECT_EQ(Find("btnFindWords")->isEnabled(), search) << typed;
+    EXPECT_FALSE(StatusIsBold()) << typed;
+  }
+}
+
+TEST_F(MainWindowTest, AWildcardCancelsAnagramMode) {
+  for (const char* wildcard : {"?", "*", "-", "1", "@"}) {
+    ASSERT_TRUE(Start());
+    Click("rbAnagramExact");
+    Type("lis");
+    door.beeps = 0;
+    QTest::keyClicks(Find("tbInput"), wildcard);
+    EXPECT_EQ(Status(), "Anagram option cancelled due to wildcard input; enter word selection") << wildcard;
+    EXPECT_EQ(door.beeps, 4) << wildcard;
+    EXPECT_EQ(TickedModes(), Texts{"menWordTypeWordList"});
+    EXPECT_EQ(Text("btnFindWords"), "&Words");
+    EXPECT_FALSE(Find("rbAnagram")->isEnabled());
+    EXPECT_FALSE(Item("menWordTypeAnagramExact")->isEnabled());
+    QTest::keyClick(Find("tbInput"), Qt::Key_Backspace);
+    EXPECT_TRUE(Find("rbAnagram")->isEnabled()) << wildcard;
+  }
+}
+
+TEST_F(MainWindowTest, ASequenceWithoutANumberIsLogged) {
+  ASSERT_TRUE(Start());
+  NewLog();
+  Paste("%x1");
+  EXPECT_EQ(Text("tbInput"), "%");
+  EXPECT_EQ(NewLog(), Texts{"INPERR No number specified in % option: %x1"});
+}
+
+TEST_F(MainWindowTest, PastedTextIsHeldToTheSameRules) {
+  ASSERT_TRUE(Start());
+  const QString longText(10000, 'a');
+  struct Row {
+    QString pasted;
+    std::string kept;
+    int beeps;
+  };
+  for (const auto& [pasted, kept, beeps] : {
+           Row{"ab&c", "abc", 0},
+           Row{"a*b*c*d", "a*b*c", 4},
+           Row{"21", "21", 0},
+           Row{"ab\ncd\r\nef", "abcdef", 0},
+           Row{QString::fromUtf8("caf\u00e9s \u20ac\u4e2d\U0001F600!"), "cafs!", 0},
+           Row{longText, longText.toStdString(), 0},
+       }) {
+    door.beeps = 0;
+    Paste(pasted);
+    EXPECT_EQ(Text("tbInput"), kept);
+    EXPECT_EQ(door.beeps > 0, beeps > 0) << kept.substr(0, 20);
+  }
+  EXPECT_EQ(Text("lblNumLetters"), "(10000 letters)");
+  QTest::keyClick(Find("tbInput"), Qt::Key_Return);
+  EXPECT_EQ(Status(), "0 words found");
+  Paste(QString(10000, '*'));
+  EXPECT_EQ(Text("tbInput"), "*");
+  Paste(QString(10000, '='));
+  EXPECT_EQ(Text("tbInput"), "");
+  EXPECT_TRUE(door.questions.empty());
+}
+
+TEST_F(MainWindowTest, AnEmptyPatternAsksForOne) {
+  ASSERT_TRUE(Start());
+  Search("c?t");
+  Search("");
+  EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
+  EXPECT_EQ(CountLog("WORDS "), 1);
+  EXPECT_NE(Status(), "2 words found");
+}
+
+TEST_F(MainWindowTest, SortsWithStatusListAndCase) {
+  ASSERT_TRUE(Start());
+  Click("rbSortLength");  // Nothing is typed: nothing happens.
+  EXPECT_EQ(Status(), "Please enter a word selection.");
+  Click("rbSortAlpha");
+  Search("*a*");
+  const Texts alphabetic = {"a", "ab", "abba", "aha", "bat", "cat", "eat", "kayak", "tab", "tea"};
+  EXPECT_EQ(Entries(), alphabetic);
+  const Texts shortest = {"a", "ab", "aha", "bat", "cat", "eat", "tab", "tea", "abba", "kayak"};
+  const Texts longest = {"kayak", "abba", "aha", "bat", "cat", "eat", "tab", "tea", "ab", "a"};
+  const auto shown = [this](const char* button) {
+    Click(button);
+    EXPECT_EQ(Status(), "10 words found") << button;
+    EXPECT_FALSE(StatusIsBold());
+    return Entries();
+  };
+  EXPECT_EQ(shown("rbSortLength"), shortest);
+  EXPECT_EQ(shown("rbSortLengthRev"), longest);
+  EXPECT_EQ(shown("rbSortAlpha"), alphabetic);
+  EXPECT_EQ(CountLog("WORDS 10 words found using pattern '*a*'"), 4);
+
+  Click("cbUpperCase");
+  EXPECT_EQ(Entries(), alphabetic);  // The next search or sort shows it.
+  EXPECT_EQ(shown("rbSortLengthRev").front(), "KAYAK");
+  EXPECT_TRUE(ReadFile(dir.File("outlist.txt")).find("KAYAK\r\nABBA\r\n") != std::string::npos);
+  Search("c?t");  // A length order stays chosen.
+  EXPECT_EQ(Entries(), (Texts{"CAT", "COT"}));
+  EXPECT_EQ(CountLog("WORDS 2 words found using pattern 'c?t'"), 2);
+  Click("cbUpperCase");
+  Click("rbSortLength");
+  EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
+}
+
+TEST_F(MainWindowTest, LengthRangeIsChosenStoredAndApplied) {
+  ASSERT_TRUE(Start());
+  Click("rbSpecLen");
+  EXPECT_EQ(Status(), "Words with lengths between 1 and 8 only will be selected");
+  Choose("cbLenFr", "3");
+  EXPECT_EQ(Status(), "Words with lengths between 3 and 8 only will be selected");
+  Choose("cbLenTo", "4");
+  EXPECT_EQ(Setting("Settings", "MinLength") + Setting("Settings", "MaxLength"), "34");
+  Search("a*");
+  EXPECT_EQ(Entries(), (Texts{"abba", "aha"}));
+  EXPECT_EQ(Status(), "2 words found  (of 3 to 4 letters in length)");
+  EXPECT_EQ(CountLog("WORDS 2 words found using pattern 'a*'  (of 3 to 4 letters in length)"), 1);
+  // A maximum below the minimum moves with it; one above stays.
+  Choose("cbLenFr", "6");
+  EXPECT_EQ(Status(), "Words with lengths between 6 and 6 only will be selected");
+  EXPECT_EQ(Setting("Settings", "MinLength") + Setting("Settings", "MaxLength"), "66");
+  EXPECT_EQ(Find<QComboBox>("cbLenTo")->count(), 55);
+  Search("*s*");
+  EXPECT_EQ(Status(), "3 words found  (of length 6 letters)");
+  Click("rbAnyLen");
+  EXPECT_EQ(Status(), "Words of any length will be selected");
+  Search("zo*");
+  EXPECT_EQ(Status(), "1 word found");
+  Stop();
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Find<QRadioButton>("rbAnyLen")->isChecked());
+  Click("rbSpecLen");
+  EXPECT_EQ(Status(), "Words with lengths between 6 and 6 only will be selected");
+}
+
+TEST_F(MainWindowTest, AnEntryIsDescribedCopiedAndTheListCleared) {
+  ASSERT_TRUE(Start());
+  Search("*a*");
+  door.beeps = 0;
+  SelectEntry(7);
+  EXPECT_EQ(Text("lblXofY"), "Word # 8\nLength : 5");
+  EXPECT_TRUE(Find("cmdWebLink")->isEnabled());
+  QTest::keyClick(Find("lbWordList"), Qt::Key_Up);
+  EXPECT_EQ(Text("lblXofY"), "Word # 7\nLength : 3");
+  QApplication::clipboard()->setText("before");
+  SelectEntry(6);
+  auto* list = Find<QAbstractItemView>("lbWordList");
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->currentIndex()).center());
+  EXPECT_EQ(QApplication::clipboard()->text(), "eat");
+  EXPECT_EQ(door.beeps, 1);
+  Click("cmdClear");
+  EXPECT_EQ(Entries(), Texts{});
+  EXPECT_EQ(Text("lblXofY"), "");
+  EXPECT_EQ(Status(), "Word list cleared");
+  EXPECT_TRUE(StatusIsBold());
+  EXPECT_TRUE(Find("tbInput")->hasFocus());
+  EXPECT_FALSE(Find("cmdWebLink")->isEnabled());
+  EXPECT_FALSE(Item("menFileSaveData")->isEnabled());
+  EXPECT_FALSE(Item("menSaveAsLex")->isEnabled());
+  Click("rbSortLength");
+  EXPECT_EQ(Status(), "0 words found");
+}
+
+TEST_F(MainWindowTest, TheTimerShowsHundredths) {
+  ASSERT_TRUE(Start());
+  Search("c?t");
+  EXPECT_EQ(Text("lblTimer"), "");
+  Item("menTimer")->trigger();
+  EXPECT_EQ(Status(), "The timer has been activated.");
+  EXPECT_EQ(Setting("Options", "TimerInd"), "Yes");
+  for (const auto& [milliseconds, text] : {std::pair{1234U, "Time = 1.23s"},
+                                           {999U, "Time = 1.00s"},
+                                           {1235U, "Time = 1.24s"},
+                                           {4U, "Time = 0.00s"},
+                                           {123456U, "Time = 123.46s"}}) {
+    tickStep = milliseconds;
+    Search("c?t");
+    EXPECT_EQ(Text("lblTimer"), text);
+    QTest::keyClicks(Find("tbInput"), "x");
+    EXPECT_EQ(Text("lblTimer"), "");
+    Click("rbSortAlpha");
+    EXPECT_EQ(Text("lblTimer"), text);
+  }
+  Item("menTimer")->trigger();
+  EXPECT_EQ(Status(), "The timer has been deactivated.");
+  EXPECT_EQ(Text("lblTimer"), "");
+  EXPECT_EQ(Setting("Options", "TimerInd"), "No");
+}
+
+TEST_F(MainWindowTest, TheLogIsSwitchedAndCleared) {
+  ASSERT_TRUE(Start());
+  NewLog();
+  const auto openOptions = [this] { emit Find<QMenu>("menOptions")->aboutToShow(); };
+  openOptions();
+  EXPECT_EQ(ToText(Item("menClearLog")->text()), "&Clear log file (created 03/05/26)");
+  Item("menWriteToLog")->trigger();
+  EXPECT_EQ(Status(), "The Log File has been deactivated.");
+  EXPECT_EQ(Setting("Options", "WriteToLogFile"), "No");
+  Search("c?t");
+  std::string switchedOff;
+  for (int i = 0; i < 20; ++i) {
+    switchedOff += "==--";
+  }
+  EXPECT_EQ(NewLog(), (Texts{"LOGDEA Logging deactivated", switchedOff}));
+  Item("menWriteToLog")->trigger();
+  EXPECT_EQ(Status(), "The Log File has been activated.");
+  EXPECT_EQ(Setting("Options", "WriteToLogFile"), "Yes");
+  EXPECT_EQ(NewLog(), Texts{"LOGACT Logging reactivated"});
+  Item("menClearLog")->trigger();
+  EXPECT_EQ(Status(), "The Log File has been cleared.");
+  EXPECT_EQ(Log(), Texts{"NEWLOG New log file started"});
+  openOptions();
+  EXPECT_EQ(ToText(Item("menClearLog")->text()), "&Clear log file (empty)");
+}
+
+TEST_F(MainWindowTest, WideScreenWidensAndMovesBy245Pixels) {
+  ASSERT_TRUE(Start());
+  const auto measure = [this] {
+    QApplication::processEvents();
+    std::map<std::string, int> places;
+    for (const char* name : {"tbInput", "lbWordList", "lblStatus"}) {
+      places[name] = Find(name)->width();
+    }
+    for (const char* name : {"lblLexLit", "lblSelInc", "lblSelScrLit", "cmdClear", "cbUpperCase", "cbSaveToFile",
+                             "lblTimer", "lblLex", "btnFindWords", "cmdPrint", "btnCancel"}) {
+      places[name] = Find(name)->mapTo(window.get(), QPoint()).x();
+    }
+    return places;
+  };
+  auto expected = measure();
+  const auto normal = expected;
+  Item("menWideScreen")->trigger();
+  EXPECT_EQ(Status(), "Wide screen mode has been set.");
+  EXPECT_EQ(Setting("Options", "WideScreen"), "Yes");
+  for (auto& [name, place] : expected) {
+    place += 245;
+  }
+  EXPECT_EQ(measure(), expected);
+  Item("menWideScreen")->trigger();
+  EXPECT_EQ(Status(), "Normal-width screen mode has been set.");
+  EXPECT_EQ(Setting("Options", "WideScreen"), "No");
+  EXPECT_EQ(measure(), normal);
+  Item("menWideScreen")->trigger();
+  Stop();
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Item("menWideScreen")->isChecked());
+  EXPECT_EQ(measure(), expected);
+}
+
+TEST_F(MainWindowTest, FontBoldAndItalicOfTheList) {
+  ASSERT_TRUE(Start());
+  const auto font = [this] { return Find("lbWordList")->font(); };
+  EXPECT_EQ(font().families(), QStringList{"MS Sans Serif"});
+  Click("cmdFontToggle");
+  EXPECT_EQ(Text("cmdFontToggle"), "Proportiona&l");
+  EXPECT_EQ(Status(), "Fixed-width font specified");
+  EXPECT_EQ(Setting("Settings", "ListFont"), "Fixed");
+  EXPECT_EQ(font().families(), QStringList{"Courier New"});
+  Click("cmdV");
+  Click("cmdW");
+  EXPECT_TRUE(font().bold() && font().italic());
+  EXPECT_EQ(Setting("Settings", "ListBold") + Setting("Settings", "ListItalic"), "YesYes");
+  Click("cmdV");
+  EXPECT_FALSE(font().bold());
+  EXPECT_EQ(Setting("Settings", "ListBold"), "No");
+  // The fixed font lives through one restart.
+  Stop();
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(font().families(), QStringList{"Courier New"});
+  EXPECT_TRUE(font().italic());
+  EXPECT_EQ(Text("cmdFontToggle"), "Proportiona&l");
+  EXPECT_EQ(Setting("Settings", "ListFont"), "");
+  Stop();
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(font().families(), QStringList{"MS Sans Serif"});
+  Click("cmdFontToggle");
+  Click("cmdFontToggle");
+  EXPECT_EQ(Status(), "Proportional font specified");
+  EXPECT_EQ(Setting("Settings", "ListFont"), "Prop");
+}
+
+TEST_F(MainWindowTest, AutosaveFollowsItsBoxAndEverySummary) {
+  Store("Locations", "SaveFileName", "found.txt");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(Setting("Locations", "SaveFileName"), dir.File("found.txt"));
+  const auto saved = [this] { return ReadFile(dir.File("found.txt")); };
+  Store("Selection", "ExcludedChars", "o");
+  Search("c!t");
+  EXPECT_EQ(saved(),
+            "1 word found matching the word pattern \"c!t\"\r\n ! stands for [o]\r\n\r\n"
+            "--- START OF LIST ---\r\ncat\r\n--- END OF LIST ---\r\n");
+  EXPECT_EQ(Status(), "1 word found");
+  Search("q*");
+  EXPECT_EQ(saved(), "0 words found matching the word pattern \"q*\"\r\n");
+  Search("%2o>");
+  EXPECT_EQ(saved(),
+            "2 sequenced words found (2 or more of 'o')\r\n\r\n--- START OF LIST ---\r\nnoon\r\nzoo\r\n"
+            "--- END OF LIST ---\r\n");
+  Search("*a*");
+  Click("rbSortLengthRev");
+  EXPECT_NE(saved().find("LIST ---\r\nkayak\r\nabba\r\n"), std::string::npos);
+  EXPECT_EQ(CountLog("SAVE "), 0);
+  Click("cbSaveToFile");
+  EXPECT_EQ(Setting("Options", "SaveToFile"), "No");
+  const std::string before = saved();
+  Search("zoo");
+  EXPECT_EQ(saved(), before);
+  Click("cbSaveToFile");
+  EXPECT_EQ(Setting("Options", "SaveToFile"), "Yes");
+  Search("zoo");
+  EXPECT_NE(saved(), before);
+}
+
+TEST_F(MainWindowTest, AFailingAutosaveIsToldOnce) {
+  ASSERT_TRUE(Start());
+  const std::string path = dir.File("gone/away.txt");
+  Store("Locations", "SaveFileName", path);
+  for (int i = 0; i < 3; ++i) {
+    Search("c?t");
+    EXPECT_NE(Status().find(path), std::string::npos);
+    EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
+  }
+  EXPECT_EQ(door.questions.size(), 1U);
+  EXPECT_NE(door.TakeText().find(path), std::string::npos);
+  EXPECT_EQ(CountLog("ERROR "), 3);
+  Key(Qt::Key_F8);  // A command of the user's always answers.
+  EXPECT_EQ(door.questions.size(), 1U);
+  door.TakeText();
+  std::filesystem::create_directory(dir.File("gone"));
+  Search("c?t");
+  EXPECT_EQ(Status(), "2 words found");
+  std::filesystem::remove_all(dir.File("gone"));
+  Search("c?t");
+  EXPECT_EQ(door.questions.size(), 1U);
+}
+
+TEST_F(MainWindowTest, EveryWayOutEndsTheDiaryOnce) {
+  struct Row {
+    const char* name;
+    std::function<void()> leave;
+    const char* entry;
+  };
+  const std::vector<Row> rows = {
+      {"menu", [this] { Item("menExit")->trigger(); }, "END Application ended successfully"},
+      {"button", [this] { Click("btnCancel"); }, "END Application ended successfully"},
+      {"window", [this] { window->close(); }, "END Application terminated successfully via unload"},
+  };
+  for (const Row& row : rows) {
+    ASSERT_TRUE(Start());
+    NewLog();
+    exits.clear();
+    row.leave();
+    window->close();
+    window.reset();
+    EXPECT_EQ(NewLog(), (Texts{row.entry, "SHUTDOWN Closing application"})) << row.name;
+    EXPECT_EQ(exits, std::vector<int>{0}) << row.name;
+    EXPECT_FALSE(log->IsOpen());
+  }
+}
+
+TEST_F(MainWindowTest, AFailedScanSaysWhereItFailed) {
+  ASSERT_TRUE(Start());
+  Click("rbAnagramExact");
+  Paste(QString(61, 'a'));
+  NewLog();
+  QTest::keyClick(Find("tbInput"), Qt::Key_Return);
+  const std::string text = door.TakeText();
+  EXPECT_TRUE(text.starts_with("Error #9 (Subscript out of range)\noccurred while processing the word '")) << text;
+  EXPECT_EQ(NewLog(), Texts{"ERROR-LB " + text});
+  EXPECT_TRUE(Status().starts_with("Error #9 processing word '")) << Status();
+  EXPECT_EQ(Entries(), Texts{});
+  // A full anagram of that many letters has no such limit.
+  Click("rbAnagram");
+  QTest::keyClick(Find("tbInput"), Qt::Key_Return);
+  EXPECT_EQ(Status(), "1 full anagram found");
+}
+
+TEST_F(MainWindowTest, AFullScreenListIsCutAndStillSavedWhole) {
+  screenCapacity = 3;
+  ASSERT_TRUE(Start());
+  Click("cbSaveToFile");
+  Search("*a*");
+  EXPECT_EQ(Entries(), (Texts{"a", "ab", "abba", "  *** LIST TRUNCATED ***"}));
+  EXPECT_EQ(Status(), "3 words found (screen list truncated)");
+  EXPECT_EQ(door.questions.size(), 1U);
+  EXPECT_NE(door.TakeText().find("if you save this list, all 10 words will be saved."), std::string::npos);
+  EXPECT_EQ(CountLog("LIST_O/F Max # of screen list entries reached; last word listed was 'abba'"), 1);
+  SelectEntry(3);
+  EXPECT_EQ(Text("lblXofY"), "Word # 4\nLength : 24");
+  Key(Qt::Key_F8);
+  const std::string saved = ReadFile(dir.File("outlist.txt"));
+  EXPECT_TRUE(saved.starts_with("10 words found")) << saved;
+  EXPECT_NE(saved.find("tea\r\n--- END"), std::string::npos);
+  Search("c?t");
+  EXPECT_EQ(Status(), "2 words found");
+}
+
+TEST_F(MainWindowTest, RandomWordsAndTheirNotice) {
+  ASSERT_TRUE(Start());
+  const auto search = [this](std::deque<double> fractions) {
+    random.fractions = std::move(fractions);
+    Search("~2");
+    return door.TakeDialogs();
+  };
+  EXPECT_EQ(search({1.0, 1.0 / 18}), Texts{"frmRandomDisc"});
+  EXPECT_EQ(Entries(), (Texts{"zoo", "a"}));
+  EXPECT_EQ(Status(), "2 Random words found");
+  EXPECT_FALSE(Item("menSaveAsLex")->isEnabled());
+  door.scripts.push_back([](QDialog& dialog) {
+    ClickOn(In(dialog, "cbDontDisplay"));
+    ClickOn(In(dialog, "cmdOK"));
+  });
+  EXPECT_EQ(search({0.5, 0.5}), Texts{"frmRandomDisc"});
+  EXPECT_EQ(Setting("Options", "RandomDisclaimer"), "No");
+  EXPECT_EQ(search({0.5, 0.5}), Texts{});
+  Search("c?t");
+  EXPECT_EQ(door.TakeDialogs(), Texts{});
+  Stop();
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(Setting("Options", "RandomDisclaimer"), "No");
+  EXPECT_EQ(search({0.5, 0.5}), Texts{});
+}
+
+TEST_F(MainWindowTest, ListDialogs) {
+  ASSERT_TRUE(Start());
+  struct Row {
+    Qt::Key key;
+    const char* stored;
+    const char* typed;   // Key by key, after the old text is gone.
+    const char* pasted;  // Instead.
+    const char* kept;
+    const char* code;  // Of the log entry with the list.
+    const char* label;
+    const char* name;
+  };
+  const std::vector<Row> rows = {
+      {Qt::Key_F2, "xyz", "abca", nullptr, "abc", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},
+      {Qt::Key_F2, "xyz", "ab1", nullptr, "ab", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},
+      {Qt::Key_F2, "xyz", "ABC", nullptr, "ABC", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},
+      {Qt::Key_F2, "xyz", nullptr, "a1b?a\xC3\xA9 c\nd", "abcd", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},
+      {Qt::Key_F3, "xyz", "aabb-", nullptr, "ab", "EXC-UPD Updated Exc ![", "lblSelExc", "Exclusion"},
+      {Qt::Key_F3, "xyz", "", nullptr, "", "EXC-UPD Updated Exc ![", "lblSelExc", "Exclusion"},
+      {Qt::Key_F4, "xyz", "aab?-", nullptr, "aab?-", "SCR-UPD Updated Scr =[", "lblSelScr", "Scrabble"},
+      {Qt::Key_F4, "xyz", "ab3", nullptr, "ab", "SCR-UPD Updated Scr =[", "lblSelScr", "Scrabble"},
+      {Qt::Key_F4, "xyz", nullptr, "a!?a*-3", "a?a-", "SCR-UPD Updated Scr =[", "lblSelScr", "Scrabble"},
+      {Qt::Key_F4, "xyz", "", nullptr, "", "SCR-UPD Updated Scr =[", "lblSelScr", "Scrabble"},
+  };
+  const auto keyOf = [](const Row& row) {
+    return row.key == Qt::Key_F2 ? "SelectedChars" : row.key == Qt::Key_F3 ? "ExcludedChars" : "ScrabbleChars";
+  };
+  for (const bool ok : {true, false}) {
+    for (const Row& row : rows) {
+      Store("Selection", keyOf(row), row.stored);
+      NewLog();
+      door.scripts.push_back([&](QDialog& dialog) {
+        auto* box = In<QLineEdit>(dialog, "tbChangeInput");
+        EXPECT_EQ(box->text(), row.stored);
+        EXPECT_EQ(box->cursorPosition(), 3);
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_Delete);
+        if (row.pasted != nullptr) {
+          QApplication::clipboard()->setText(QString::fromUtf8(row.pasted));
+          QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+        } else {
+          QTest::keyClicks(box, row.typed);
+        }
+        EXPECT_EQ(ToText(box->text()), row.kept);
+        EXPECT_EQ(box->cursorPosition(), static_cast<int>(std::string(row.kept).size()));
+        if (row.key == Qt::Key_F4) {
+          const auto count = std::string(row.kept).size();
+          EXPECT_EQ(ToText(In<QLabel>(dialog, "lblNoChars")->text()),
+                    std::to_string(count) + (count == 1 ? " character" : " characters"));
+        }
+        ClickOn(In(dialog, ok ? "cmdOK" : "cmdCancel"));
+        EXPECT_FALSE(dialog.isVisible());
+      });
+      Key(row.key);
+      const std::string list = ok ? row.kept : row.stored;
+      EXPECT_EQ(Setting("Selection", keyOf(row)), list);
+      EXPECT_EQ(Text(row.label), list);
+      const std::string bracket = "[" + ToText(FromText(list).toLower()) + "]";
+      EXPECT_EQ(Status(),
+                row.name + std::string(ok ? " list is now set to " : " list was unchanged, and remains as ") + bracket);
+      EXPECT_EQ(NewLog(), ok ? Texts{row.code + list + "]"} : Texts{});
+      const char* item = row.key == Qt::Key_F2   ? "menSelectChars"
+                         : row.key == Qt::Key_F3 ? "menExcludeChars"
+                                                 : "menScrabbleChars";
+      EXPECT_TRUE(ToText(Item(item)->text()).ends_with(" ... currently " + bracket)) << ToText(Item(item)->text());
+    }
+  }
+  EXPECT_EQ(ToText(Item("menScrabbleChars")->text()), "F4: &Scrabble chars for = ... currently [xyz]");
+  emit Find<QMenu>("menSelect")->aboutToShow();
+  EXPECT_EQ(ToText(Item("menScrabbleChars")->text()), "F4: &Scrabble chars for =   ... currently [xyz]");
+}
+
+TEST_F(MainWindowTest, AnEmptyIncludeListIsRefused) {
+  ASSERT_TRUE(Start());
+  door.scripts.push_back([this](QDialog& dialog) {
+    auto* box = In<QLineEdit>(dialog, "tbChangeInput");
+    box->selectAll();
+    QTest::keyClick(box, Qt::Key_Delete);
+    ClickOn(In(dialog, "cmdOK"));
+    EXPECT_EQ(door.TakeText(), "You must enter at least one character.");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(box->hasFocus());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  Key(Qt::Key_F2);
+  EXPECT_EQ(Setting("Selection", "SelectedChars"), kAlphabet);
+  EXPECT_EQ(Status(), "Inclusion list was unchanged, and remains as [abcdefghijklmnopqrstuvwxyz]");
+}
+
+TEST_F(MainWindowTest, LabelClicksRunTheirCommands) {
+  ASSERT_TRUE(Start());
+  for (const auto& [label, dialog] : {std::pair{"lblSelInc", "frmChangeSelectChars"},
+                                      {"lblSelIncLit", "frmChangeSelectChars"},
+                                      {"lblSelExc", "frmChangeExcludeChars"},
+                                      {"lblSelExcLit", "frmChangeExcludeChars"},
+                                      {"lblSelScr", "frmChangeScrabbleChars"},
+                                      {"lblSelScrLit", "frmChangeScrabbleChars"},
+                                      {"lblWebLink", "frmWeblinkChoice"},
+                                      {"lblLex", "frmNewLex"}}) {
+    Click(label);
+    EXPECT_EQ(door.TakeDialogs(), Texts{dialog}) << label;
+  }
+}
+
+TEST_F(MainWindowTest, TextsAreShownPlain) {
+  ASSERT_TRUE(Start());
+  for (const QLabel* label : window->findChildren<QLabel*>()) {
+    if (!label->objectName().startsWith("qt_")) {
+      EXPECT_EQ(label->textFormat(), Qt::PlainText) << ToText(label->objectName());
+    }
+  }
+  const std::string path = dir.File("a<b>c/out.txt");
+  Store("Locations", "SaveFileName", path);
+  Search("c?t");
+  EXPECT_NE(Status().find("a<b>c"), std::string::npos);
+  // A message on the screen: plain, with its leading blanks, CR LF one line break.
+  ScreenDoor screen;
+  QTimer::singleShot(0, [] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    EXPECT_EQ(box->text(), "    a<b>c\n\nlast");
+    box->reject();
+  });
+  screen.Show(window.get(), "    a<b>c\r\n\r\nlast");
+}
+
+TEST_F(MainWindowTest, ADirectoryInPlaceOfTheLogIsToldOnce) {
+  std::filesystem::create_directory(dir.File("quorvane.log"));
+  ASSERT_TRUE(Start());
+  Search("c?t");
+  Search("*a*");
+  EXPECT_EQ(failures.size(), 1U);
+  EXPECT_EQ(Status(), "10 words found");
+  window->close();
+  EXPECT_EQ(exits, std::vector<int>{0});
+}
+
+TEST_F(MainWindowTest, UnwritableSettingsAreToldOnceAndKeptInMemory) {
+  std::filesystem::create_directory(dir.File("quorvane.conf"));
+  ASSERT_TRUE(Start());
+  Item("menTimer")->trigger();
+  Click("cmdV");
+  EXPECT_EQ(failures.size(), 1U);
+  EXPECT_EQ(Setting("Options", "TimerInd") + Setting("Settings", "ListBold"), "YesYes");
+}
+
+}  // namespace
+}  // namespace quorvane::test
