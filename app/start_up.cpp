@@ -33,9 +33,14 @@ StartUp::StartUp(MainWindow& window, Services& services) : window_(window), serv
 
 bool StartUp::Run() {
   BeginWindow();
-  OpenLog();
-  if (!ReadSettingsAndLexicon()) {
-    return false;
+  {
+    const Hourglass hourglass;
+    FrmWait wait(&window_);
+    wait.ShowNow();
+    OpenLog();
+    if (!ReadSettingsAndLexicon()) {
+      return false;
+    }
   }
   Session& session = window_.session;
   if (session.abortFlag) {
@@ -52,6 +57,7 @@ bool StartUp::Run() {
 
 void StartUp::BeginWindow() {
   window_.session.stopFlag = false;
+  window_.session.colours.fill("&H00000000");
   window_.ShowTimer("");
   window_.results->ClearPosition();
   window_.sort->Select(SortOrder::Alphabetic);
@@ -71,9 +77,6 @@ void StartUp::OpenLog() {
 }
 
 bool StartUp::ReadSettingsAndLexicon() {
-  const Hourglass hourglass;
-  FrmWait wait(&window_);
-  wait.ShowNow();
   const LexiconChoice lexicon = StartUpRead(services_.programDirectory, services_.settings, services_.log, *this).Run();
   services_.settings.EndBatch();
   window_.session.lexiconSetting = lexicon.setting;

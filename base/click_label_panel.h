@@ -47,4 +47,12 @@ Control* Named(Control* control, const QString& name, const QString& toolTip = {
   return control;
 }
 
+// A control's name and, for a screen reader only, what it is.
+template <class Control>
+Control* Described(Control* control, const QString& name, const QString& description) {
+  control->setObjectName(name);
+  control->setAccessibleDescription(description);
+  return control;
+}
+
 }  // namespace quorvane

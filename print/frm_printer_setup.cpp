@@ -74,6 +74,9 @@ FrmPrinterSetup::FrmPrinterSetup(SettingsStore& settings, EventLog& log, Door& d
   FillLists();
   ShowSettings();
   CheckChoices();
+  if (currentPrinter_ != kNoPrinter && OpenPrinter(currentPrinter_) == nullptr) {
+    reportErrors_(PrinterErrorText("PFL", kPrinterFailed));
+  }
   ShowSample();
   ShowEstimate();
 }

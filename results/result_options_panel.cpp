@@ -14,7 +14,7 @@ ResultOptionsPanel::ResultOptionsPanel(QWidget* parent) : QWidget(parent) {
   cbUpperCase_ = Named(new QCheckBox("&Upper case", this), "cbUpperCase", "Sets list to upper case");
   cbSaveToFile_ = Named(new QCheckBox("Autosa&ve list", this), "cbSaveToFile", "Save list automatically");
   cmdClear_ = Named(new QPushButton("Clear list", this), "cmdClear", "Clear the list of words");
-  cmdPrint_ = Named(new QPushButton("&Print", this), "cmdPrint", "Print the list of words");
+  cmdPrint_ = Described(new QPushButton("&Print", this), "cmdPrint", "Print the list of words");
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(cbUpperCase_);

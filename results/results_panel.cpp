@@ -19,7 +19,7 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   lblAnswers_ = MakeLabel("lblAnswers", "Results :", {}, this);
-  lbWordList_ = Named(new WordListView(this), "lbWordList", "The words found; a double click copies one");
+  lbWordList_ = Described(new WordListView(this), "lbWordList", "The words found; a double click copies one");
   lbWordList_->setAccessibleName("Results");
   SetRegionHeight(PixelsOfTwips(kFirstListTwips));
   lbWordList_->setMinimumWidth(240);

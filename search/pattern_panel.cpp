@@ -31,16 +31,16 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   lblInputWord_ = MakeLabel("lblInputWord", "Pattern :", {}, this);
-  tbInput_ = Named(new QLineEdit(this), "tbInput", "The pattern to search for");
+  tbInput_ = Described(new QLineEdit(this), "tbInput", "The pattern to search for");
   tbInput_->setAccessibleName("Pattern");
   tbInput_->setMinimumWidth(280);
   QFont large = tbInput_->font();
   large.setPointSizeF(large.pointSizeF() * 1.25);
   tbInput_->setFont(large);
   lblInputWord_->setBuddy(tbInput_);
-  btnFindWords_ = Named(new QPushButton("&Words", this), "btnFindWords", "Search the lexicon");
+  btnFindWords_ = Described(new QPushButton("&Words", this), "btnFindWords", "Search the lexicon");
   btnFindWords_->setMinimumWidth(110);
-  btnCancel_ = Named(new QPushButton("E&xit", this), "btnCancel", "Leave the program");
+  btnCancel_ = Described(new QPushButton("E&xit", this), "btnCancel", "Leave the program");
   lblNumLetters_ = MakeLabel("lblNumLetters", "", "# letters", this);
 
   layout->addWidget(lblInputWord_, 0, 0);
