@@ -24,7 +24,7 @@ constexpr const char* kNoTool = "System Information Is Unavailable At This Time"
 
 QString SystemInformationTool() {
   for (const char* tool : kTools) {
-    const QString found = QStandardPaths::findExecutable(tool);
+    QString found = QStandardPaths::findExecutable(tool);
     if (!found.isEmpty()) {
       return found;
     }

@@ -128,8 +128,10 @@ bool IsBoundDigit(char c) {
   return c >= '1' && c <= '3';
 }
 
+// A word of 64 characters may leave no room for a suffix; such a pattern has none.
 bool FitsPlaces(const Places& places, uint64_t mask, unsigned suffixStart) {
-  return ((places.prefix | places.suffix << suffixStart) & ~mask) == 0;
+  const uint64_t suffix = suffixStart < 64 ? places.suffix << suffixStart : 0;
+  return ((places.prefix | suffix) & ~mask) == 0;
 }
 
 uint64_t Narrow(uint64_t starts, const Places& places, uint64_t mask) {
