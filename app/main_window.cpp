@@ -255,6 +255,8 @@ void MainWindow::SetWide(bool wide) {
   Item("menWideScreen")->setChecked(wide);
   if (isVisible()) {
     centralWidget()->layout()->activate();
+    layout()->invalidate();
+    layout()->activate();
     resize(width() + (wide ? more : -more), height());
   }
 }

@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
+#include <algorithm>
 #include <random>
+#include <string_view>
 
 #include "app/main_window.h"
 #include "app/shut_down.h"
@@ -26,7 +29,8 @@ class ClockSeededRandom : public RandomSource {
   std::mt19937 generator_;
 };
 
-int Main(QApplication& application) {
+// The options; --help and --version end the process here.
+QString DataDirectoryOption(const QCoreApplication& application) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Finds words for word games and puzzles.");
   parser.addHelpOption();
@@ -34,7 +38,23 @@ int Main(QApplication& application) {
   const QCommandLineOption dataDir("data-dir", "The program's directory: lexicons, log and results file.", "DIR");
   parser.addOption(dataDir);
   parser.process(application);
+  return parser.value(dataDir);
+}
 
+// Whether the arguments ask for a text only, which needs no display.
+bool AsksForText(int argc, char** argv) {
+  return std::any_of(argv + 1, argv + argc, [](const std::string_view argument) {
+    return argument == "--help" || argument == "-h" || argument == "--help-all" || argument == "--version" ||
+           argument == "-v";
+  });
+}
+
+void NameProgram() {
+  QCoreApplication::setApplicationName("Quorvane");
+  QCoreApplication::setApplicationVersion(FromText(VersionText()));
+}
+
+int Main(const QString& dataDir) {
   ScreenDoor door;
   SingleInstance instance;
   switch (instance.Claim()) {
@@ -48,8 +68,7 @@ int Main(QApplication& application) {
     case SingleInstance::Outcome::First:
       break;
   }
-  const ProgramDirectory directory =
-      SettleProgramDirectory(ProgramDirectoryInputOfProcess(ToText(parser.value(dataDir))));
+  const ProgramDirectory directory = SettleProgramDirectory(ProgramDirectoryInputOfProcess(ToText(dataDir)));
   if (directory.problem) {
     door.Show(nullptr, "The program's directory can't be set up:\r\n" + directory.problem->Text());
   }
@@ -70,7 +89,7 @@ int Main(QApplication& application) {
     QCoreApplication::exit(code);
   };
   MainWindow window(services);
-  QObject::connect(&application, &QApplication::commitDataRequest, &window, [&window] { window.close(); });
+  QObject::connect(qApp, &QApplication::commitDataRequest, &window, [&window] { window.close(); });
   window.show();
   if (!StartUp(window, services).Run() || ended) {
     return status;
@@ -83,10 +102,16 @@ int Main(QApplication& application) {
 }  // namespace quorvane
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  QApplication::setApplicationName("Quorvane");
-  QApplication::setApplicationVersion(quorvane::FromText(quorvane::VersionText()));
+  if (quorvane::AsksForText(argc, argv)) {
+    const QCoreApplication application(argc, argv);
+    quorvane::NameProgram();
+    quorvane::DataDirectoryOption(application);
+    return 0;
+  }
+  const QApplication application(argc, argv);
+  quorvane::NameProgram();
   QApplication::setDesktopFileName("quorvane");
+  QApplication::setWindowIcon(QIcon::fromTheme("quorvane"));
   QApplication::setQuitOnLastWindowClosed(false);
-  return quorvane::Main(application);
+  return quorvane::Main(quorvane::DataDirectoryOption(application));
 }
