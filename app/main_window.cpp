@@ -254,10 +254,11 @@ void MainWindow::SetWide(bool wide) {
   grid->setColumnMinimumWidth(1, kListWidth + (wide ? more : 0));
   Item("menWideScreen")->setChecked(wide);
   if (isVisible()) {
+    const int before = width();
     centralWidget()->layout()->activate();
     layout()->invalidate();
     layout()->activate();
-    resize(width() + (wide ? more : -more), height());
+    resize(before + (wide ? more : -more), height());
   }
 }
 

@@ -222,19 +222,35 @@ class Check {
     const std::string& text = state_.text;
     const size_t asterisks = Count(text, '*');
     state_.patternKind = static_cast<int>(asterisks);
-    if (Count(text, '=') > lists_.scrabble.size()) {
-      ReplaceByPart(text.size() - 1);
-      Refuse("There " + TilesThereAre() + " defined in the 'Scrabble' string");
-    } else if (asterisks > 2) {
-      ReplaceByPart(text.size() - 1);
-      Refuse(kThirdAsterisk);
-    } else if (const size_t pair = text.find("**"); pair != std::string::npos) {
+    if (TrimBeyondLimits(asterisks, Count(text, '='))) {
+      return;
+    }
+    if (const size_t pair = text.find("**"); pair != std::string::npos) {
       Replace(text.substr(0, pair + 1) + text.substr(pair + 2), pair + 1);
       Refuse(kAdjacentAsterisks);
     } else {
       CountLetters(asterisks);
       AllowAnagrams(asterisks == 0 && text.find_first_of(kWildcardCharacters) == std::string::npos);
     }
+  }
+
+  // More tiles than there are, or a third asterisk: last characters go, each with its refusal, until the limits hold.
+  bool TrimBeyondLimits(size_t asterisks, size_t tiles) {
+    std::string text = state_.text;
+    for (;;) {
+      if (tiles > lists_.scrabble.size()) {
+        Refuse("There " + TilesThereAre() + " defined in the 'Scrabble' string");
+      } else if (asterisks > 2) {
+        Refuse(kThirdAsterisk);
+      } else {
+        break;
+      }
+      asterisks -= text.back() == '*' ? 1 : 0;
+      tiles -= text.back() == '=' ? 1 : 0;
+      text.pop_back();
+    }
+    const size_t size = text.size();
+    return Replace(std::move(text), size);
   }
 
   void ExplainLastCharacter() {
