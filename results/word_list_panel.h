@@ -1,5 +1,5 @@
-// The list on the screen: rows of one height, placed by arithmetic. A list of 2,000,000 rows costs what its visible rows
-// cost, where a general list view would measure out every row.
+// The list on the screen: rows of one height, placed by arithmetic. A list of 2,000,000 rows costs what its visible
+// rows cost, where a general list view would measure out every row.
 #pragma once
 
 #include <QAbstractItemView>

@@ -1,10 +1,10 @@
 // Draws the pictures of docs/pictures: the real window over the given lexicon, driven through its own commands, and
 // every dialog it opens. Usage: make_pictures DIRECTORY LEXICON [PREFIX [dark]]. Another scale: QT_SCALE_FACTOR.
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QLineEdit>
-#include <QAbstractItemView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>

@@ -19,7 +19,9 @@ class Generator {
 
   int Below(int limit) { return static_cast<int>(engine_() % static_cast<unsigned>(limit)); }
   bool OneIn(int chance) { return Below(chance) == 0; }
-  char Of(std::string_view characters) { return characters[static_cast<size_t>(Below(static_cast<int>(characters.size())))]; }
+  char Of(std::string_view characters) {
+    return characters[static_cast<size_t>(Below(static_cast<int>(characters.size())))];
+  }
 
   std::string Letters(int length, std::string_view alphabet) {
     std::string text;
@@ -139,7 +141,8 @@ TEST(RandomScan, AgreesWithThePlainScan) {
         type = generator.OneIn(2) ? WordType::Anagram : WordType::AnagramExact;
         text = generator.OneIn(2) ? generator.Letters(1 + generator.Below(10), "aeglnrst") : text;
       }
-      request.lists = {generator.Letters(generator.Below(5), "aeGlnRst"), generator.Letters(generator.Below(5), "aegLnrst"),
+      request.lists = {generator.Letters(generator.Below(5), "aeGlnRst"),
+                       generator.Letters(generator.Below(5), "aegLnrst"),
                        generator.Letters(generator.Below(8), "aeglNrst?-")};
       request.prepared = PreparePattern(text, type);
       if (request.prepared.Refused() || request.prepared.Random()) {
@@ -150,12 +153,10 @@ TEST(RandomScan, AgreesWithThePlainScan) {
         request.minLength = 1 + generator.Below(8);
         request.maxLength = request.minLength + generator.Below(8);
       }
-      const size_t capacity =
-          generator.OneIn(10) ? static_cast<size_t>(generator.Below(12)) : static_cast<size_t>(-1);
+      const size_t capacity = generator.OneIn(10) ? static_cast<size_t>(generator.Below(12)) : static_cast<size_t>(-1);
       const PlainResult plain = PlainScan(*loaded.lexicon, request, capacity);
       Percentages percentages;
-      const ScanOutcome outcome =
-          PerformScan(*loaded.lexicon, request, found, random, &percentages, capacity);
+      const ScanOutcome outcome = PerformScan(*loaded.lexicon, request, found, random, &percentages, capacity);
       const std::vector<WordNumber> fast(found.Span().begin(), found.Span().end());
       const bool tooLong = request.prepared.kind == PatternKind::AnagramExact && text.size() > 60;
       if (tooLong) {
