@@ -420,6 +420,11 @@ class PrintingThroughCups(unittest.TestCase):
         self.assertEqual(sheet.pages, 1)
         self.print_and_check(sheet, PrinterColumns="8", FontSize="6", PaperSize="Legal")
 
+    def test_list_that_fills_its_last_page(self):
+        sheet = Sheet(612, 792, 2, 15)
+        self.assertEqual(len(WORDS), sheet.per_page * sheet.pages)
+        self.print_and_check(sheet, PrinterColumns="2", FontSize="15", PaperSize="Letter")
+
     def test_cancelled(self):
         program = self.start()
         self.assertEqual(program.tell("print")["event"], "asked")
