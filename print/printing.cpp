@@ -8,7 +8,9 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QProcess>
 #include <QSaveFile>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "base/qt_text.h"
@@ -19,9 +21,12 @@ namespace quorvane {
 namespace {
 
 constexpr int kTwipsPerPoint = 20;
+constexpr int kSubmitTimeout = 30000;  // Milliseconds.
 constexpr const char* kConfirmTitle = "Quorvane Print";
 constexpr const char* kCancelledTitle = "Print Cancelled";
 constexpr const char* kCancelledText = "Print request cancelled.";
+constexpr const char* kSubmitCommand =
+    "lp";  // Of the printing system: unlike the toolkit it says when a job was refused.
 
 // A font whose units are twips.
 QFont ScreenFont(const PrintFont& font) {
@@ -175,7 +180,8 @@ void Printing::Print(const PrintJob& job, const PrintSite& site) {
     }
     printed = DrawToPdf(*printer, input, path, site);
   } else {
-    printed = Draw(*printer, input, site);
+    printed = QStandardPaths::findExecutable(kSubmitCommand).isEmpty() ? Draw(*printer, input, site)
+                                                                       : Submit(*printer, input, settings, site);
   }
   if (!printed) {
     return;
@@ -219,6 +225,37 @@ bool Printing::Draw(QPrinter& printer, const PageLayoutInput& input, const Print
     return false;
   }
   return true;
+}
+
+// Draws the pages as a document of their own and hands it to the printing system, which says whether it took it.
+bool Printing::Submit(QPrinter& printer, const PageLayoutInput& input, const PrintSettings& settings,
+                      const PrintSite& site) {
+  const Hourglass hourglass;
+  const QTemporaryDir folder;
+  const QString name = printer.printerName();
+  const std::unique_ptr<QPrinter> document = OpenPrinter(kPdfPrinter);
+  document->setPageLayout(printer.pageLayout());
+  document->setFullPage(true);
+  document->setDocName(printer.docName());
+  document->setOutputFileName(folder.filePath("pages.pdf"));
+  if (const char* place = DrawPages(*document, LayOutPages(input))) {
+    site.reportErrors(PrinterErrorText(place, kPrinterFailed));
+    return false;
+  }
+  QStringList arguments{"-d", name, "-t", printer.docName()};
+  if (PaperOfName(settings.paperName)) {
+    arguments << "-o"
+              << "media=" + FromText(settings.paperName);
+  }
+  QProcess command;
+  command.start(kSubmitCommand, arguments << "--" << document->outputFileName());
+  const bool taken = command.waitForFinished(kSubmitTimeout) && command.exitStatus() == QProcess::NormalExit &&
+                     command.exitCode() == 0;
+  if (!taken) {
+    site.reportErrors(PrinterErrorText("FP", kPrinterFailed));
+    site.showStatus("The printing system said: " + command.readAllStandardError().trimmed().toStdString());
+  }
+  return taken;
 }
 
 // The pages go to a file elsewhere first: the chosen one is replaced whole or not at all.

@@ -57,6 +57,7 @@ class Printing {
   bool Confirm(QPrinter& printer, const PageLayoutInput& input, const PrintSite& site);
   bool Draw(QPrinter& printer, const PageLayoutInput& input, const PrintSite& site);
   bool DrawToPdf(QPrinter& printer, const PageLayoutInput& input, const QString& path, const PrintSite& site);
+  bool Submit(QPrinter& printer, const PageLayoutInput& input, const PrintSettings& settings, const PrintSite& site);
   void Cancelled(const PrintSite& site);
 
   SettingsStore& settings_;

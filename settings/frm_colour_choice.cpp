@@ -98,8 +98,7 @@ void FrmColourChoice::MakeChannel(Channel& channel, const QString& name, int val
   grid->addWidget(channel.slider, row, 1);
   grid->addWidget(channel.box, row, 2);
   connect(channel.slider, &QSlider::valueChanged, this, [this, &channel](int moved) {
-    // The box that is being typed into keeps what is typed.
-    if (!channel.box->hasFocus()) {
+    if (typedInto_ != &channel) {
       channel.box->setText(FromText(HexPair(moved)));
     }
     ShowCustom();
@@ -119,7 +118,9 @@ void FrmColourChoice::BoxEdited(Channel& channel) {
   bool isHex = false;
   const int value = digits.toInt(&isHex, 16);
   if (isHex) {
+    typedInto_ = &channel;
     channel.slider->setValue(value);
+    typedInto_ = nullptr;
   }
 }
 

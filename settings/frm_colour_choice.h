@@ -47,6 +47,7 @@ class FrmColourChoice : public QDialog {
   Channel red_;
   Channel green_;
   Channel blue_;
+  const Channel* typedInto_ = nullptr;  // Its box keeps what is typed while its slider follows.
 };
 
 }  // namespace quorvane

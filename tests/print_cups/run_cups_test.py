@@ -447,14 +447,12 @@ class PrintingThroughCups(unittest.TestCase):
         self.check_refused(program, program.tell("print"))
 
     # Known faults: the print is said to have succeeded. Each mark goes with its fault; the test fails while it is left.
-    @unittest.expectedFailure
     def test_queue_that_refuses_jobs(self):
         program = self.start()
         self.scheduler.refuse_jobs("words")
         self.assertEqual(program.tell("print")["event"], "asked")
         self.check_refused(program, program.tell("ok"))
 
-    @unittest.expectedFailure
     def test_scheduler_stopped_while_the_question_is_open(self):
         program = self.start()
         self.assertEqual(program.tell("print")["event"], "asked")

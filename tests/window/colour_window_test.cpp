@@ -1,0 +1,176 @@
+// The nine colours of the main window: chosen, shown at once, stored and reset.
+#include <QAbstractItemView>
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTest>
+
+#include "base/qt_text.h"
+#include "settings/light_palette.h"
+#include "tests/window/window_fixture.h"
+
+namespace quorvane::test {
+namespace {
+
+class ColourWindowTest : public WindowTest {
+ protected:
+  QColor Shown(const char* control, QPalette::ColorRole role) { return Find(control)->palette().color(role); }
+};
+
+// Box 9 of the palette is &H0000C000, a green; every element shows it in its controls the moment it is chosen.
+TEST_F(ColourWindowTest, EachElementShowsAndStoresTheChosenColour) {
+  const struct {
+    const char* item;
+    const char* caption;
+    const char* key;
+    const char* custom;  // The custom colour that is stored beside it.
+    std::vector<std::pair<const char*, QPalette::ColorRole>> controls;
+  } elements[] = {
+      {"memMainText",
+       "Main text",
+       "MainText",
+       "000000",
+       {{"lblInputWord", QPalette::WindowText},
+        {"lblAnswers", QPalette::WindowText},
+        {"rbAnyLen", QPalette::WindowText},
+        {"rbSortLengthRev", QPalette::WindowText},
+        {"cbUpperCase", QPalette::WindowText},
+        {"lblBack", QPalette::WindowText},
+        {"lblToLit", QPalette::WindowText},
+        {"lblLex", QPalette::WindowText},
+        {"lblSelScrLit", QPalette::WindowText},
+        {"lblWebLink", QPalette::WindowText}}},
+      {"menMainBack", "Main background", "MainBack", "C0C0C0", {{"central", QPalette::Window}}},
+      {"menResBack", "Results background", "ListBack", "800000", {{"lbWordList", QPalette::Base}}},
+      {"menResText", "Results text", "ListText", "00FFFF", {{"lbWordList", QPalette::Text}}},
+      {"menStatusText", "Status text", "StatusText", "0000C0", {{"lblStatus", QPalette::WindowText}}},
+      {"menTimerText",
+       "Timer text",
+       "TimerText",
+       "0080FF",
+       {{"lblTimer", QPalette::WindowText}, {"lblXofY", QPalette::WindowText}}},
+      {"menLettersText", "# Letters text", "LettersText", "FF0000", {{"lblNumLetters", QPalette::WindowText}}},
+      {"menGroupText",
+       "Group text",
+       "GroupText",
+       "C000C0",
+       {{"frLen", QPalette::Text}, {"frSortOrder", QPalette::Text}, {"frListProp", QPalette::Text}}},
+      {"menWordChText",
+       "Word choice text",
+       "SelectionText",
+       "C000C0",
+       {{"lblSelInc", QPalette::WindowText}, {"lblSelExc", QPalette::WindowText}, {"lblSelScr", QPalette::WindowText}}},
+  };
+  ASSERT_TRUE(Start());
+  for (const auto& element : elements) {
+    SCOPED_TRACE(element.item);
+    door.scripts.push_back([&](QDialog& dialog) {
+      EXPECT_EQ(ToText(dialog.windowTitle()), element.caption);
+      ClickOn(In(dialog, "picColour_9"));
+    });
+    Item(element.item)->trigger();
+    EXPECT_EQ(Setting("Colours", element.key), "&H0000C000");
+    EXPECT_EQ(Setting("CustColours", element.key), element.custom);
+    for (const auto& [control, role] : element.controls) {
+      EXPECT_EQ(Shown(control, role), QColor(0, 0xC0, 0)) << control;
+    }
+  }
+  // All but the group text are as chosen after a restart; "Main text" is not touched by the frames' colour.
+  Stop();
+  ASSERT_TRUE(Start());
+  for (const auto& element : elements) {
+    for (const auto& [control, role] : element.controls) {
+      const bool group = std::string_view(element.key) == "GroupText";
+      EXPECT_EQ(Shown(control, role) == QColor(0, 0xC0, 0), !group) << control;
+    }
+  }
+}
+
+TEST_F(ColourWindowTest, TheWindowsWaysToChoose) {
+  const auto drag = [](const char* slider, int value) {
+    return [slider, value](QDialog& dialog) { In<QSlider>(dialog, slider)->setValue(value); };
+  };
+  const struct {
+    const char* name;
+    std::function<void(QDialog&)> script;
+    const char* colour;
+    const char* custom;
+  } cases[] = {
+      {"cancel", Press("cmdCancel"), "&H000000FF", "0000C0"},
+      {"default", Press("cmdDefault"), "&H000000C0", "0000C0"},
+      {"a system colour", Press("picColour_33"), "&H8000000F", "0000C0"},
+      {"the custom box", Press("picColour_32"), "&H000000C0", "0000C0"},
+      {"sliders, then the custom command",
+       [&](QDialog& dialog) {
+         drag("sliRed", 1)(dialog);
+         drag("sliGreen", 0xAB)(dialog);
+         drag("sliBlue", 255)(dialog);
+         EXPECT_EQ(ToText(In<QLineEdit>(dialog, "tbRed")->text()), "01");
+         EXPECT_EQ(ToText(In(dialog, "picColour_32")->toolTip()), "Custom colour - FFAB01");
+         ClickOn(In(dialog, "cmdCustom"));
+       },
+       "&H00FFAB01", "FFAB01"},
+      {"typed digits; others are dropped",
+       [](QDialog& dialog) {
+         auto* box = In<QLineEdit>(dialog, "tbGreen");
+         box->selectAll();
+         QTest::keyClicks(box, "gx7f");
+         EXPECT_EQ(In<QSlider>(dialog, "sliGreen")->value(), 0x7F);
+         ClickOn(In(dialog, "picColour_32"));
+       },
+       "&H00007FC0", "007FC0"},
+      {"sliders moved, another box chosen: the custom colour is not kept",
+       [&](QDialog& dialog) {
+         drag("sliRed", 9)(dialog);
+         ClickOn(In(dialog, "picColour_31"));
+       },
+       "&H00FFFFFF", "0000C0"},
+  };
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.name);
+    Store("Colours", "StatusText", "&H000000FF");
+    Store("CustColours", "StatusText", "C0");  // Padded in front.
+    ASSERT_TRUE(Start());
+    door.scripts.push_back(one.script);
+    Item("menStatusText")->trigger();
+    EXPECT_EQ(Setting("Colours", "StatusText"), one.colour);
+    EXPECT_EQ(Setting("CustColours", "StatusText"), one.custom);
+    Stop();
+  }
+}
+
+TEST_F(ColourWindowTest, TheSamplesHaveACustomColourOfTheirOwn) {
+  ASSERT_TRUE(Start());
+  for (const auto& [sample, caption] :
+       {std::pair{"picColour_0", "Results text"}, {"picColour_1", "Results background"}}) {
+    door.scripts.push_back([caption](QDialog& dialog) {
+      EXPECT_EQ(ToText(dialog.windowTitle()), caption);
+      ClickOn(In(dialog, "picColour_32"));
+    });
+    Click(sample);
+  }
+  EXPECT_EQ(Setting("Colours", "ListText"), "&H00FFFFFF");
+  EXPECT_EQ(Setting("CustColours", "ListBack"), "FFFFFF");
+}
+
+TEST_F(ColourWindowTest, ResetStoresItsOwnScheme) {
+  ASSERT_TRUE(Start());
+  Item("menResetAllToDefault")->trigger();
+  const std::pair<const char*, const char*> scheme[] = {
+      {"MainBack", "&H8000000F"},   {"MainText", "&H00000000"},  {"SelectionText", "&H00C00000"},
+      {"StatusText", "&H000000C0"}, {"TimerText", "&H0000FFFF"}, {"LettersText", "&H00FF0000"},
+      {"ListBack", "&H00800000"},   {"ListText", "&H0000FFFF"},  {"GroupText", "&H00C000C0"}};
+  for (const auto& [key, colour] : scheme) {
+    EXPECT_EQ(Setting("Colours", key), colour) << key;
+  }
+  EXPECT_EQ(Shown("lbWordList", QPalette::Base), QColor(0, 0, 0x80));
+  EXPECT_EQ(Shown("frLen", QPalette::Text), QColor(0xC0, 0, 0xC0));
+  EXPECT_EQ(Shown("central", QPalette::Window), LightPalette().color(QPalette::Button));
+  EXPECT_EQ(Shown("rbAnyLen", QPalette::WindowText), QColor(Qt::black));
+}
+
+}  // namespace
+}  // namespace quorvane::test
