@@ -23,6 +23,26 @@
 #include "settings/settings_table.h"
 
 namespace quorvane {
+namespace {
+
+// The progress bar for as long as the object lives, moved by percentages.
+class MovingBar {
+ public:
+  explicit MovingBar(MainWindow& window) : window_(window) { window_.BeginProgress(100); }
+  ~MovingBar() { window_.EndProgress(); }
+  MovingBar(const MovingBar&) = delete;
+  MovingBar& operator=(const MovingBar&) = delete;
+
+  std::function<void(int)> Mover() const {
+    return [this](int percent) { window_.ShowProgress(percent); };
+  }
+
+ private:
+  MainWindow& window_;
+};
+
+}  // namespace
+
 void Commands::ReportErrors(const std::string& text) {
   services_.door.Show(&window_, text);
   services_.log.Write(event::kError, text);
@@ -33,7 +53,8 @@ bool Commands::LoadLexiconFile(const std::string& path) {
   session.lexiconPath = path;
   const LoadResult result = [&] {
     const Hourglass hourglass;
-    return LoadLexicon(path);
+    const MovingBar bar(window_);
+    return LoadLexicon(path, kLexiconCapacity, TextSource::Read, bar.Mover());
   }();
   const LoadReport report = ReportOf(result);
   if (result.outcome == LoadOutcome::ListError) {
@@ -104,7 +125,9 @@ bool Commands::WriteResults(bool automatic) {
   const ResultsFileHeader header = Header();
   window_.ShowStatus(WritingStatus(header.count, header.noun));
   const Hourglass hourglass;
-  const auto error = WriteResultsFile(ResolvePath(services_.programDirectory, path), header, WordsInOrder());
+  const MovingBar bar(window_);
+  const auto error =
+      WriteResultsFile(ResolvePath(services_.programDirectory, path), header, WordsInOrder(), bar.Mover());
   if (error) {
     ReportSaveFailure(*error, automatic);
     return false;
@@ -143,7 +166,8 @@ void Commands::SaveAsLexicon() {
   window_.ShowStatus(WritingStatus(header.count, header.noun));
   const std::string path = JoinPath(services_.programDirectory, name + std::string(kLexiconExtension));
   const Hourglass hourglass;
-  if (const auto error = WriteResultsAsLexicon(path, WordsInOrder())) {
+  const MovingBar bar(window_);
+  if (const auto error = WriteResultsAsLexicon(path, WordsInOrder(), bar.Mover())) {
     ReportSaveFailure(*error, false);
     return;
   }

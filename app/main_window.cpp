@@ -70,9 +70,9 @@ void MainWindow::MakePanels() {
   lblStatus_->setMargin(3);
   // A long text is cut at the window's edge instead of widening the window.
   lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  lblTimer_ = MakeReadableLabel("lblTimer", "Time of the last search or sort", central);
+  lblTimer_ = Described(MakeReadableLabel("lblTimer", "", central), "lblTimer", "Time of the last search or sort");
   lblTimer_->setMinimumWidth(lblTimer_->fontMetrics().horizontalAdvance("Time = 000.00s "));
-  pbBar_ = Named(new QProgressBar(central), "pbBar", "Progress of the search");
+  pbBar_ = Described(new QProgressBar(central), "pbBar", "Progress of the search");
   pbBar_->setTextVisible(false);
   pbBar_->setAccessibleName("Progress");
   QSizePolicy keepsItsPlace = pbBar_->sizePolicy();

@@ -83,6 +83,7 @@ void Commands::CheckInput() {
 
 void Commands::SelectMode(WordType type) {
   SelectWordType(window_.session.input, type);
+  window_.session.input.caret = window_.pattern->Caret();
   window_.ShowInput();
 }
 

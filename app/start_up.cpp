@@ -70,6 +70,7 @@ void StartUp::OpenLog() {
   services_.settings.BeginBatch();
   SaveSetting(services_.settings, Setting::Version, VersionText());
   SaveSetting(services_.settings, Setting::Compiled, BuildDate());
+  services_.settings.EndBatch();
   services_.log.Open();
   services_.log.SetIndicator(IsYes(GetSetting(services_.settings, Setting::WriteToLogFile)));
   window_.SetWide(IsYes(GetSetting(services_.settings, Setting::WideScreen)));
@@ -78,7 +79,6 @@ void StartUp::OpenLog() {
 
 bool StartUp::ReadSettingsAndLexicon() {
   const LexiconChoice lexicon = StartUpRead(services_.programDirectory, services_.settings, services_.log, *this).Run();
-  services_.settings.EndBatch();
   window_.session.lexiconSetting = lexicon.setting;
   return window_.Command().LoadLexiconFile(lexicon.path);
 }

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kMaxRuns = 26;
 constexpr size_t kBlock = 64;
+constexpr size_t kReportEvery = size_t{1} << 20;  // Bytes of text between two reports of progress.
 
 // What 64 bytes of text hold: a bit for each line feed, and whether any byte may change when folded.
 struct BlockFacts {
@@ -55,8 +56,8 @@ BlockFacts LookAt(const char* text) {
 
 class LexiconLoader {
  public:
-  LexiconLoader(int32_t capacity, TextSource source)
-      : capacity_(capacity), source_(source), lexicon_(std::make_shared<Lexicon>()) {}
+  LexiconLoader(int32_t capacity, TextSource source, const std::function<void(int)>& progress)
+      : capacity_(capacity), source_(source), progress_(progress), lexicon_(std::make_shared<Lexicon>()) {}
 
   LoadResult Load(const std::string& path) {
     if (!Read(path)) {
@@ -135,6 +136,9 @@ class LexiconLoader {
     const char* text = lexicon_->text_.data();
     size_t wordStart = 0;
     for (size_t block = 0; block < size_; block += kBlock) {
+      if (block % kReportEvery == 0 && progress_) {
+        progress_(static_cast<int>(100 * block / size_));
+      }
       BlockFacts facts = LookAt(text + block);
       mayFold_ = mayFold_ || facts.mayFold;
       while (facts.lineFeeds != 0) {
@@ -266,6 +270,7 @@ class LexiconLoader {
 
   const int32_t capacity_;
   const TextSource source_;
+  const std::function<void(int)>& progress_;
   std::shared_ptr<Lexicon> lexicon_;
   size_t size_ = 0;  // Of the text, in bytes.
   RunTimeError error_;
@@ -277,8 +282,9 @@ class LexiconLoader {
   bool mayFold_ = false;
 };
 
-LoadResult LoadLexicon(const std::string& path, int32_t capacity, TextSource source) {
-  return LexiconLoader(capacity, source).Load(path);
+LoadResult LoadLexicon(const std::string& path, int32_t capacity, TextSource source,
+                       const std::function<void(int)>& progress) {
+  return LexiconLoader(capacity, source, progress).Load(path);
 }
 
 }  // namespace quorvane

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -98,7 +99,8 @@ enum class TextSource { Read, Map };
 // Reads, indexes and checks the file at `path`. Lines end with CR LF or LF; the last line end may be missing. Of each
 // run of equal initials (letter case apart) the start is kept; more than 26 runs count as unsorted. `capacity` is
 // lowered by tests only.
+// `progress`, if given, is told now and then how many percent of the text are indexed.
 LoadResult LoadLexicon(const std::string& path, int32_t capacity = kLexiconCapacity,
-                       TextSource source = TextSource::Read);
+                       TextSource source = TextSource::Read, const std::function<void(int percent)>& progress = {});
 
 }  // namespace quorvane

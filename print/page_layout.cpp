@@ -24,6 +24,10 @@ const PrintFont kFooterFont{"Arial", 9, false, false};
 // The legend's order on the page.
 constexpr std::array kLegendOrder = {ListKind::Include, ListKind::Scrabble, ListKind::Exclude};
 
+// In every locale.
+constexpr std::array<std::string_view, 12> kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                      "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
 class Layout {
  public:
   explicit Layout(const PageLayoutInput& input)
@@ -109,10 +113,13 @@ class Layout {
   }
 
   void Footer() {
-    std::array<char, 64> when{};
-    std::strftime(when.data(), when.size(), "%b %Y at %H:%M", &input_.now);
+    std::array<char, 16> time{};
+    std::strftime(time.data(), time.size(), "%H:%M", &input_.now);
+    const std::string day = std::to_string(input_.now.tm_mday) + " " +
+                            std::string(kMonths[static_cast<size_t>(input_.now.tm_mon)]) + " " +
+                            std::to_string(input_.now.tm_year + 1900);
     const int y = static_cast<int>(std::nearbyint(kTwipsPerInch * input_.estimate.usableHeight)) + kFooterGap;
-    Place(kLeftEdge, y, kFooterFont, "Printed on " + std::to_string(input_.now.tm_mday) + " " + when.data());
+    Place(kLeftEdge, y, kFooterFont, "Printed on " + day + " at " + time.data());
     const std::string page = "Page " + std::to_string(page_) + " of " + std::to_string(input_.estimate.pages);
     Place(input_.pageWidth - kRightMargin - input_.measure(page, kFooterFont), y, kFooterFont, page);
   }

@@ -1,5 +1,6 @@
 #include "print/printing.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -58,6 +59,15 @@ class Ruler {
   PrintFont font_;
   std::shared_ptr<QFontMetricsF> metrics_;
 };
+
+// The preview keeps its zoom and page buttons.
+void HidePrintActions(QDialog& preview) {
+  for (QAction* action : preview.findChildren<QAction*>()) {
+    if (QStringList{"Print", "Page setup", "Portrait", "Landscape"}.contains(action->text())) {
+      action->setVisible(false);
+    }
+  }
+}
 
 // Draws the placed texts; the place prefix of the error that stopped it, or null.
 const char* DrawPages(QPrinter& printer, const std::vector<PlacedText>& pages) {
@@ -208,7 +218,12 @@ bool Printing::Confirm(QPrinter& printer, const PageLayoutInput& input, const Pr
         break;
     }
     const auto pages = LayOutPages(input);
-    QPrintPreviewDialog preview(&printer, site.parent);
+    // A sheet of its own: what is looked at changes nothing of what is printed, and only OK prints.
+    const std::unique_ptr<QPrinter> sheet = OpenPrinter(kPdfPrinter);
+    sheet->setPageLayout(printer.pageLayout());
+    sheet->setFullPage(true);
+    QPrintPreviewDialog preview(sheet.get(), site.parent);
+    HidePrintActions(preview);
     preview.setObjectName("printPreview");
     preview.setWindowTitle("Print preview");
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested,

@@ -11,6 +11,7 @@ namespace quorvane {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr size_t kReportEvery = size_t{1} << 16;  // Words between two reports of progress.
 constexpr std::string_view kStartOfList = "--- START OF LIST ---";
 constexpr std::string_view kEndOfList = "--- END OF LIST ---";
 
@@ -35,11 +36,15 @@ std::string HeaderLine(const ResultsFileHeader& header) {
   return header.typed.starts_with('~') ? found : found + " matching the word pattern \"" + header.typed + "\"";
 }
 
-void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lineEnd) {
+void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lineEnd, const WriteProgress& progress) {
   // Words in the case of one of the lexicon's texts are copied 16 characters at a time; each is followed by at least as
   // many bytes that may be read.
   const Lexicon* lexicon = words.lexicon;
+  size_t written = 0;
   for (const WordNumber number : words.numbers) {
+    if (++written % kReportEvery == 0 && progress) {
+      progress(static_cast<int>(100 * written / words.numbers.size()));
+    }
     const std::string_view word =
         words.letterCase == LetterCase::Lower ? lexicon->FoldedWord(number) : lexicon->Word(number);
     char* to = out.Cursor();
@@ -55,7 +60,7 @@ void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lin
 }
 
 std::optional<FileError> WriteResultsFile(const std::string& path, const ResultsFileHeader& header,
-                                          const WordSequence& words) {
+                                          const WordSequence& words, const WriteProgress& progress) {
   return ReplaceFile(path, [&](FileWriter& out) {
     WriteLine(out, HeaderLine(header));
     for (const ListKind kind : kListKinds) {
@@ -69,13 +74,14 @@ std::optional<FileError> WriteResultsFile(const std::string& path, const Results
     }
     WriteLine(out, "");
     WriteLine(out, kStartOfList);
-    WriteWords(out, words, kLineEnd);
+    WriteWords(out, words, kLineEnd, progress);
     WriteLine(out, kEndOfList);
   });
 }
 
-std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const WordSequence& words) {
-  return ReplaceFile(path, [&words](FileWriter& out) { WriteWords(out, words, kLineEnd); });
+std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const WordSequence& words,
+                                               const WriteProgress& progress) {
+  return ReplaceFile(path, [&](FileWriter& out) { WriteWords(out, words, kLineEnd, progress); });
 }
 
 }  // namespace quorvane

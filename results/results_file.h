@@ -1,6 +1,7 @@
 // The results file, and the lexicon file that is made of results.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -24,13 +25,18 @@ std::string WritingStatus(size_t count, const std::string& noun);
 // The first line: what was searched for and how many were found. The printed title has the same words.
 std::string HeaderLine(const ResultsFileHeader& header);
 
+// Told now and then how many percent of the words are written.
+using WriteProgress = std::function<void(int percent)>;
+
 // Writes the words, each followed by `lineEnd` (at most two characters).
-void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lineEnd);
+void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lineEnd,
+                const WriteProgress& progress = {});
 
 // Writes header, legend and words; an empty result has neither list nor markers. Lines end with CR LF.
 std::optional<FileError> WriteResultsFile(const std::string& path, const ResultsFileHeader& header,
-                                          const WordSequence& words);
+                                          const WordSequence& words, const WriteProgress& progress = {});
 // Writes the words alone, one a line.
-std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const WordSequence& words);
+std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const WordSequence& words,
+                                               const WriteProgress& progress = {});
 
 }  // namespace quorvane

@@ -10,7 +10,6 @@ namespace quorvane {
 
 inline constexpr std::string_view kLookingUp = "Looking up lexicon entries ...";
 inline constexpr std::string_view kTruncatedEntry = "  *** LIST TRUNCATED ***";
-inline constexpr std::string_view kUndefinedName = "(undefined)";
 
 std::string ProgressStatus(int percent);   // "Looking up entries ... 35% complete"
 std::string ProgressCaption(int percent);  // "35% of lexicon scan complete"

@@ -63,6 +63,11 @@ void IniStore::EndBatch() {
   }
 }
 
+bool IniStore::Flush() {
+  Sync();
+  return !failed_;
+}
+
 void IniStore::Sync() {
   changed_ = false;
   const QFileInfo before(settings_.fileName());

@@ -21,6 +21,7 @@ class IniStore : public SettingsStore {
             std::string_view value) override;
   void BeginBatch() override { ++batches_; }
   void EndBatch() override;
+  bool Flush() override;
 
   QString FileName() const { return settings_.fileName(); }
 

@@ -10,6 +10,12 @@ namespace {
 
 constexpr std::string_view kLoadedMarker = "Initial Load Complete";
 
+OldIniFile::ReadResult OpenFailure(const std::string& path, const RunTimeError& error) {
+  return {error.number, "Quorvane Initialisation error",
+          "INI File Open Failed for " + path + "\r\n\r\nError #" + std::to_string(error.number) + " (" +
+              error.description + ")"};
+}
+
 }  // namespace
 
 OldIniFile::ReadResult OldIniFile::Read(const std::string& directory, std::string_view baseName) {
@@ -27,10 +33,7 @@ OldIniFile::ReadResult OldIniFile::Read(const std::string& directory, std::strin
   const std::string path = JoinPath(directory, *found);
   const FileHandle file(std::fopen(path.c_str(), "rb"));
   if (file == nullptr) {
-    const RunTimeError error = RunTimeErrorOfErrno(errno);
-    return {error.number, "Quorvane Initialisation error",
-            "INI File Open Failed for " + path + "\r\n\r\nError #" + std::to_string(error.number) + " (" +
-                error.description + ")"};
+    return OpenFailure(path, RunTimeErrorOfErrno(errno));
   }
   keys_[0] = kLoadedMarker;
   size_t next = 1;
@@ -51,6 +54,11 @@ OldIniFile::ReadResult OldIniFile::Read(const std::string& directory, std::strin
     } else if (c != '\r') {
       field += static_cast<char>(c);
     }
+  }
+  if (std::ferror(file.get()) != 0) {
+    keys_ = {};
+    values_ = {};
+    return OpenFailure(path, RunTimeErrorOfErrno(errno));
   }
   take();
   return {};

@@ -21,6 +21,8 @@ class SettingsStore {
   // Saves between the two calls reach the disk together, at the second.
   virtual void BeginBatch() {}
   virtual void EndBatch() {}
+  // Brings everything to the disk at once; false when that failed.
+  virtual bool Flush() { return true; }
 };
 
 }  // namespace quorvane

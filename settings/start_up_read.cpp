@@ -240,13 +240,16 @@ void StartUpRead::Convert(const OldIniFile& old) {
   SaveSetting(store_, Setting::UseRegistry, "Yes");
   log_.Write(event::kIniConverted, "INI conversion");
   // What was taken over is on disk before its source goes.
-  store_.EndBatch();
-  store_.BeginBatch();
+  const bool stored = store_.Flush();
   const auto found = FindIgnoringCase(directory_, kOldIniFileName);
   if (!found) {
     return;
   }
   const std::string path = JoinPath(directory_, *found);
+  if (!stored) {
+    ReportErrors(path + " was not removed: its values could not be stored.");
+    return;
+  }
   std::error_code error;
   if (!fs::remove(path, error) || error) {
     ReportErrors(path + " was converted but could not be removed: " + error.message());

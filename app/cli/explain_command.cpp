@@ -11,9 +11,10 @@ int Explain(const SearchArguments& arguments, bool paste) {
   SelectWordType(state, arguments.type);
   std::string status;
   int beeps = 0;
-  const auto change = [&](const std::string& text) {
-    state.text = text;
-    state.caret = text.size();
+  // Puts a text where the caret is, as typing and pasting do.
+  const auto insert = [&](std::string_view text) {
+    state.text.insert(state.caret, text);
+    state.caret += text.size();
     const InputMessages messages = CheckInput(state, arguments.lists);
     beeps += messages.beeps;
     if (!messages.statusTexts.empty()) {
@@ -21,10 +22,10 @@ int Explain(const SearchArguments& arguments, bool paste) {
     }
   };
   if (paste) {
-    change(arguments.pattern);
+    insert(arguments.pattern);
   } else {
-    for (const char c : arguments.pattern) {
-      change(state.text + c);
+    for (const char& c : arguments.pattern) {
+      insert({&c, 1});
     }
   }
   const PreparedPattern prepared = PreparePattern(state.text, state.selected);

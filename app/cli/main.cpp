@@ -31,13 +31,22 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   command->add_option("--rack", arguments.rack, "Tiles that = stands for; - and ? are blanks (default none)");
 }
 
-// Whether a word in front of any "--" begins with "-" and is no option of the command: a pattern, most likely.
-bool HoldsDashedPattern(const CLI::App& command, const std::vector<std::string>& arguments) {
-  const auto end = std::find(arguments.begin(), arguments.end(), "--");
-  return std::any_of(arguments.begin(), end, [&command](const std::string& argument) {
-    return argument.size() > 1 && argument[0] == '-' &&
-           command.get_option_no_throw(argument.substr(0, argument.find('='))) == nullptr;
-  });
+// The first word behind the command that is neither an option nor an option's value, when it begins with "-" and stands
+// in front of any "--": a pattern that would be taken for an option, or for a number.
+bool PatternIsDashed(const CLI::App& command, const std::vector<std::string>& arguments) {
+  for (size_t i = 1; i < arguments.size() && arguments[i] != "--"; ++i) {
+    const std::string& argument = arguments[i];
+    if (argument.size() < 2 || argument[0] != '-') {
+      return false;
+    }
+    const CLI::Option* option = command.get_option_no_throw(argument.substr(0, argument.find('=')));
+    if (option == nullptr) {
+      return true;
+    }
+    const bool takesNext = option->get_items_expected_max() > 0 && argument.find('=') == std::string::npos;
+    i += takesNext ? 1 : 0;
+  }
+  return false;
 }
 
 int Run(int argc, const char* const* argv) {
@@ -63,6 +72,10 @@ int Run(int argc, const char* const* argv) {
   findCommand->add_option("--seed", find.seed, "Seed of random words");
   findCommand->add_option("--save", find.saveFile, "Also write the results file");
   findCommand->add_option("--save-lexicon", find.saveLexicon, "Also write the words as a lexicon file");
+  const CLI::Validator notEmpty([](const std::string& value) { return value.empty() ? "needs a value" : ""; }, "");
+  for (const char* name : {"--lexicon", "--data-dir", "--length", "--save", "--save-lexicon"}) {
+    findCommand->get_option(name)->check(notEmpty);
+  }
 
   SearchArguments explain;
   bool paste = false;
@@ -91,6 +104,12 @@ int Run(int argc, const char* const* argv) {
   makeCommand->add_option("-o", makeOutput, "The lexicon file to write")->required();
 
   const std::vector<std::string> arguments = SplitEmptyValues(argc, argv);
+  for (const CLI::App* command : {findCommand, explainCommand}) {
+    if (!arguments.empty() && arguments.front() == command->get_name() && PatternIsDashed(*command, arguments)) {
+      Complain("a pattern that begins with - stands behind --, as in: quorvane-cli " + command->get_name() + " -- -at");
+      return kFailed;
+    }
+  }
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
     app.parse(reversed);
@@ -99,10 +118,6 @@ int Run(int argc, const char* const* argv) {
     return std::cout.flush() ? kFound : kFailed;
   } catch (const CLI::ParseError& error) {
     app.exit(error);
-    const CLI::App* command = findCommand->parsed() ? findCommand : explainCommand;
-    if (command->parsed() && HoldsDashedPattern(*command, arguments)) {
-      Complain("a pattern that begins with - stands behind --, as in: quorvane-cli find -- -at");
-    }
     return kFailed;
   }
 
