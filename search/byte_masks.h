@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "lexicon/letter_set.h"
@@ -39,6 +40,8 @@ struct ByteRun {
 
 #ifdef QUORVANE_VECTORS
 
+inline constexpr std::ptrdiff_t kStride = 16;  // Characters of a vector.
+
 inline __m128i LoadBytes(const char* text) {
   return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
 }
@@ -53,7 +56,7 @@ uint64_t EqualMask(const char* text, char c) {
   const __m128i wanted = _mm_set1_epi8(c);
   uint64_t mask = 0;
   for (int v = 0; v < Vectors; ++v) {
-    mask |= MaskOf(_mm_cmpeq_epi8(LoadBytes(text + 16 * v), wanted)) << (16 * v);
+    mask |= MaskOf(_mm_cmpeq_epi8(LoadBytes(text + kStride * v), wanted)) << (16 * v);
   }
   return mask;
 }
@@ -65,7 +68,7 @@ uint64_t ClassMask(const char* text, const LetterClass& letters) {
   const __m128i pToZ = _mm_load_si128(reinterpret_cast<const __m128i*>(letters.pToZ.data()));
   uint64_t mask = 0;
   for (int v = 0; v < Vectors; ++v) {
-    const __m128i bytes = LoadBytes(text + 16 * v);
+    const __m128i bytes = LoadBytes(text + kStride * v);
     // Bit 4 of the code tells the two halves of the alphabet apart; shifted, it is the bit that the blend looks at.
     const __m128i half = _mm_slli_epi16(bytes, 3);
     const __m128i found = _mm_blendv_epi8(_mm_shuffle_epi8(aToO, bytes), _mm_shuffle_epi8(pToZ, bytes), half);
@@ -79,7 +82,7 @@ template <int Vectors>
 uint64_t SameMask(const char* text, const char* other) {
   uint64_t mask = 0;
   for (int v = 0; v < Vectors; ++v) {
-    mask |= MaskOf(_mm_cmpeq_epi8(LoadBytes(text + 16 * v), LoadBytes(other + 16 * v))) << (16 * v);
+    mask |= MaskOf(_mm_cmpeq_epi8(LoadBytes(text + kStride * v), LoadBytes(other + kStride * v))) << (16 * v);
   }
   return mask;
 }
@@ -92,7 +95,7 @@ uint64_t RunMask(const char* text, const ByteRun& run) {
     __m128i starts = _mm_set1_epi8(-1);
     for (size_t i = 0; i < run.size; ++i) {
       const __m128i wanted = _mm_load_si128(reinterpret_cast<const __m128i*>(run.repeated[i].data()));
-      starts = _mm_and_si128(starts, _mm_cmpeq_epi8(LoadBytes(text + 16 * v + i), wanted));
+      starts = _mm_and_si128(starts, _mm_cmpeq_epi8(LoadBytes(text + kStride * v + i), wanted));
     }
     mask |= MaskOf(starts) << (16 * v);
   }

@@ -86,7 +86,7 @@ class Scan {
     for (int next = std::max(from, 1); next <= to;) {
       const int lastOfStep = step_ > 0 ? (next + step_ - 1) / step_ * step_ : to;
       const int last = std::min({to, lastOfStep, next + static_cast<int>(kChunkWords) - 1});
-      Chunk(verifier, static_cast<WordNumber>(next), static_cast<size_t>(last - next + 1));
+      Chunk(verifier, static_cast<WordNumber>(next), static_cast<size_t>(last) - static_cast<size_t>(next) + 1);
       Report(last);
       next = last + 1;
     }
@@ -94,7 +94,8 @@ class Scan {
 
   void Report(int index) {
     if (observer_ != nullptr && step_ > 0 && index % step_ == 0) {
-      const double skewed = index / 1000 + index;
+      const int thousands = index / 1000;
+      const double skewed = thousands + index;
       observer_->Progress(index, static_cast<int>(std::floor(skewed / lexicon_.count() * 100)));
     }
   }

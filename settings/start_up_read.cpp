@@ -83,7 +83,7 @@ LexiconChoice StartUpRead::Run() {
 }
 
 std::string StartUpRead::ApplyRepaired(Setting setting) {
-  const std::string value = Repaired(setting, GetSetting(store_, setting));
+  std::string value = Repaired(setting, GetSetting(store_, setting));
   SaveSetting(store_, setting, value);
   site_.Apply(setting, value);
   return value;
