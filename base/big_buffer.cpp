@@ -36,7 +36,10 @@ char* MapAnonymous(size_t size) {
 #ifdef __linux__
 
 void* AllocateBig(size_t bytes) {
-  const size_t size = RoundToPages(bytes + sizeof(Header));
+  size_t size = RoundToPages(bytes + sizeof(Header));
+  if (size % kHugePage > kHugePage / 2) {  // The rest is one huge page, not hundreds of small ones.
+    size = (size + kHugePage - 1) / kHugePage * kHugePage;
+  }
   // A mapping of a huge page or more is placed on a huge-page boundary, so that all of it can be huge.
   const size_t slack = size >= kHugePage ? kHugePage : 0;
   char* start = MapAnonymous(size + slack);
@@ -67,7 +70,7 @@ void* MapFile(int fileDescriptor, size_t size, size_t padding) {
   if (start == nullptr) {
     return nullptr;
   }
-  void* file = mmap(start + kPage, filePages, PROT_READ, MAP_PRIVATE | MAP_FIXED | MAP_POPULATE, fileDescriptor, 0);
+  void* file = mmap(start + kPage, filePages, PROT_READ, MAP_PRIVATE | MAP_FIXED, fileDescriptor, 0);
   if (file == MAP_FAILED) {
     munmap(start, whole);
     return nullptr;

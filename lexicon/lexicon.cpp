@@ -1,11 +1,13 @@
 #include "lexicon/lexicon.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <span>
 
 #include "base/file.h"
 #include "base/text.h"
@@ -14,7 +16,12 @@ namespace quorvane {
 namespace {
 
 constexpr int kMaxRuns = 26;
-constexpr size_t kBlock = 64;
+constexpr size_t kBlock = 64;               // Bytes of text looked at together...
+constexpr size_t kChunk = size_t{1} << 14;  // ...and turned into words together.
+constexpr int kLinesAtOnce = 8;
+constexpr uint64_t kTopBit = uint64_t{1} << 63;  // Makes counting the zeros below the first one defined for 0.
+// Lines that may be found past the most that can become words, before that is noticed.
+constexpr size_t kMostLinesBehind = kBlock + kLinesAtOnce + 2;
 constexpr size_t kReportEvery = size_t{1} << 20;  // Bytes of text between two reports of progress.
 
 // What 64 bytes of text hold: a bit for each line feed, and whether any byte may change when folded.
@@ -66,10 +73,12 @@ class LexiconLoader {
     if (size_ == 0) {
       return Fail(MakeRunTimeError(kErrorInputPastEndOfFile));
     }
-    const size_t mostWords = std::min<size_t>(size_ / 2 + 1, static_cast<size_t>(capacity_)) + 1;
-    lexicon_->starts_ = BigBuffer<uint32_t>(mostWords + Lexicon::kArrayPadding);
-    lexicon_->lengths_ = BigBuffer<uint8_t>(mostWords + Lexicon::kArrayPadding);
-    lexicon_->letters_ = BigBuffer<LetterSet>(mostWords + Lexicon::kArrayPadding);
+    // A word has a character and a line end, but for the last: more lines than that are an error or over the capacity.
+    mostWords_ = std::min<size_t>(size_ / 2 + 1, static_cast<size_t>(capacity_));
+    const size_t entries = mostWords_ + kMostLinesBehind + Lexicon::kArrayPadding;
+    lexicon_->starts_ = BigBuffer<uint32_t>(entries);
+    lexicon_->lengths_ = BigBuffer<uint8_t>(entries);
+    lexicon_->letters_ = BigBuffer<LetterSet>(entries);
     if (!Index()) {
       return Fail(error_);
     }
@@ -131,70 +140,132 @@ class LexiconLoader {
     return true;
   }
 
-  // One pass over the text: each line becomes a word.
+  // The text is taken in chunks that stay in the nearest caches: first the chunk's lines are found, then the words they
+  // make are measured and checked, at last their letter sets are made.
   bool Index() {
-    const char* text = lexicon_->text_.data();
-    size_t wordStart = 0;
-    for (size_t block = 0; block < size_; block += kBlock) {
-      if (block % kReportEvery == 0 && progress_) {
-        progress_(static_cast<int>(100 * block / size_));
+    size_t lines = 0;  // Lines that end before `chunk`; each is followed by its successor's start.
+    for (size_t chunk = 0; chunk < size_; chunk += kChunk) {
+      if (chunk % kReportEvery == 0 && progress_) {
+        progress_(static_cast<int>(100 * chunk / size_));
       }
-      BlockFacts facts = LookAt(text + block);
-      mayFold_ = mayFold_ || facts.mayFold;
-      while (facts.lineFeeds != 0) {
-        const size_t end = block + static_cast<size_t>(std::countr_zero(facts.lineFeeds));
-        facts.lineFeeds &= facts.lineFeeds - 1;
-        if (end >= size_) {
-          break;
-        }
-        if (!AddWord(wordStart, end)) {
-          return false;
-        }
-        wordStart = end + 1;
+      const size_t end = std::min(chunk + kChunk, size_);
+      const size_t before = lines;
+      lines = FindLines(chunk, end, lines);
+      if (end == size_ && lexicon_->text_[size_ - 1] != '\n') {
+        lexicon_->starts_[++lines + 1] = static_cast<uint32_t>(size_ + 1);
+      }
+      if (!AddWords(before + 1, lines)) {
+        return false;
       }
     }
-    return wordStart == size_ || AddWord(wordStart, size_);
-  }
-
-  [[gnu::always_inline]] bool AddWord(size_t start, size_t end) {
-    Lexicon& lexicon = *lexicon_;
-    const char* text = lexicon.text_.data();
-    if (lexicon.count_ == capacity_) [[unlikely]] {
-      ++lexicon.count_;
-      error_ = MakeRunTimeError(kErrorSubscriptOutOfRange);
-      return false;
-    }
-    const size_t length = end - start - (end > start && text[end - 1] == '\r' ? 1u : 0u);
-    const auto number = static_cast<size_t>(++lexicon.count_);
-    lastStart_ = start;
-    lastLength_ = length;
-    if (length - 1 >= kMaxWordLength) [[unlikely]] {
-      return BadLength(length);
-    }
-    lexicon.starts_[number] = static_cast<uint32_t>(start);
-    lexicon.lengths_[number] = static_cast<uint8_t>(length);
-    ++lexicon.lengthCount_[length];
-    if (static_cast<unsigned char>(text[start]) != previousFirst_ && !StartRun(text[start])) [[unlikely]] {
-      return false;
-    }
-    lexicon.letters_[number] = LetterSetInBlock(text + start, static_cast<unsigned>(length));
     return true;
   }
 
+  // Writes where the line behind each line feed from `from` to `end` starts; line 1 starts at 0. Gives the number of
+  // lines that end before `end`, of which `lines` end before `from`. More than one line behind the last that can become
+  // a word is of no interest.
+  size_t FindLines(size_t from, size_t end, size_t lines) {
+    const char* text = lexicon_->text_.data();
+    uint32_t* starts = lexicon_->starts_.data();
+    for (size_t block = from; block < end && lines <= mostWords_; block += kBlock) {
+      const BlockFacts facts = LookAt(text + block);
+      mayFold_ = mayFold_ || facts.mayFold;
+      uint64_t lineFeeds =
+          end - block < kBlock ? facts.lineFeeds & ((uint64_t{1} << (end - block)) - 1) : facts.lineFeeds;
+      uint32_t* next = starts + lines + 2;
+      lines += static_cast<size_t>(std::popcount(lineFeeds));
+      // Eight at once, whether there are so many or not: a loop of unknown length costs more than the needless ones.
+      do {
+        for (int i = 0; i < kLinesAtOnce; ++i) {
+          *next++ = static_cast<uint32_t>(block) + static_cast<uint32_t>(std::countr_zero(lineFeeds | kTopBit)) + 1;
+          lineFeeds &= lineFeeds - 1;
+        }
+      } while (lineFeeds != 0);
+    }
+    return lines;
+  }
+
+  // Makes words of the lines `first` to `last`, up to the capacity.
+  bool AddWords(size_t first, size_t last) {
+    const size_t lastWord = std::min(last, static_cast<size_t>(capacity_));
+    if (!MeasureWords(first, lastWord)) {
+      return false;
+    }
+    lexicon_->count_ = static_cast<int32_t>(lastWord);
+    CollectLetters(first, lastWord);
+    full_ = last > lastWord;
+    if (full_) {
+      ++lexicon_->count_;
+      error_ = MakeRunTimeError(kErrorSubscriptOutOfRange);
+    }
+    return !full_;
+  }
+
+  bool MeasureWords(size_t first, size_t last) {
+    const char* text = lexicon_->text_.data();
+    const uint32_t* starts = lexicon_->starts_.data();
+    uint8_t* lengths = lexicon_->lengths_.data();
+    Lexicon::LengthCount& lengthCount = lexicon_->lengthCount_;
+    for (size_t number = first; number <= last; ++number) {
+      const size_t start = starts[number];
+      const size_t end = starts[number + 1] - size_t{1};
+      const size_t length = end - start - (end > start && text[end - 1] == '\r' ? 1u : 0u);
+      if (length - 1 >= kMaxWordLength) [[unlikely]] {
+        return BadLength(number, length);
+      }
+      lengths[number] = static_cast<uint8_t>(length);
+      ++lengthCount[length];
+      if (static_cast<unsigned char>(text[start]) != previousFirst_ && !StartRun(number, text[start])) [[unlikely]] {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  void CollectLetters(size_t first, size_t last) {
+    const char* text = lexicon_->text_.data();
+    const uint32_t* starts = lexicon_->starts_.data();
+    const uint8_t* lengths = lexicon_->lengths_.data();
+    LetterSet* letters = lexicon_->letters_.data();
+    // The few long words get the rest of their letters afterwards: so no word waits to be asked how long it is.
+    std::array<uint32_t, kChunk / kLettersAtOnce + 8> longWords;
+    size_t longCount = 0;
+    for (size_t number = first; number <= last; number += 4) {
+      std::array<const char*, 4> heads;
+      std::array<unsigned, 4> headLengths;
+      for (size_t i = 0; i < 4; ++i) {
+        const unsigned length = lengths[number + i];
+        heads[i] = text + starts[number + i];
+        headLengths[i] = std::min(length, kLettersAtOnce);
+        longWords[longCount] = static_cast<uint32_t>(number + i);
+        longCount += length > kLettersAtOnce ? 1 : 0;
+      }
+      LetterSetsOfHeads(heads, headLengths, letters + number);
+    }
+    for (const uint32_t number : std::span(longWords).first(longCount)) {
+      for (unsigned done = kLettersAtOnce; done < lengths[number]; done += kLettersAtOnce) {
+        letters[number] |=
+            LetterSetOfHead(text + starts[number] + done, std::min(lengths[number] - done, kLettersAtOnce));
+      }
+    }
+  }
+
   // An empty line is counted, begins a run of its own and has no initial; a line over 90 is not counted by length.
-  bool BadLength(size_t length) {
+  bool BadLength(size_t number, size_t length) {
+    lexicon_->count_ = static_cast<int32_t>(number);
     if (length == 0) {
       ++lexicon_->lengthCount_[0];
       ++runs_;
       error_ = MakeRunTimeError(kErrorInvalidProcedureCall);
     } else {
+      longLine_ = length;
       error_ = MakeRunTimeError(kErrorSubscriptOutOfRange);
     }
     return false;
   }
 
   // A word whose first character differs from that of the word before. In another letter case it is the same initial.
-  [[gnu::noinline]] bool StartRun(char first) {
+  [[gnu::noinline]] bool StartRun(size_t number, char first) {
     previousFirst_ = static_cast<unsigned char>(first);
     const int initial = static_cast<unsigned char>(Fold(first));
     if (initial == previousInitial_) {
@@ -203,10 +274,11 @@ class LexiconLoader {
     ++runs_;
     const int entry = static_cast<unsigned char>(Upper(first)) - kFirstInitial;
     if (entry < 0 || entry >= kInitials) {
+      lexicon_->count_ = static_cast<int32_t>(number);
       error_ = MakeRunTimeError(kErrorSubscriptOutOfRange);
       return false;
     }
-    lexicon_->letterStart_[static_cast<size_t>(entry)] = lexicon_->count_ - 1;
+    lexicon_->letterStart_[static_cast<size_t>(entry)] = static_cast<int32_t>(number) - 1;
     previousInitial_ = initial;
     return true;
   }
@@ -237,7 +309,7 @@ class LexiconLoader {
     result.error = error;
     if (runs_ > kMaxRuns) {
       result.outcome = LoadOutcome::NotSortedError;
-    } else if (lexicon_->count_ > capacity_) {
+    } else if (full_) {
       result.outcome = LoadOutcome::Capacity;
       result.count = lexicon_->count_ = capacity_;
       FoldText();
@@ -251,7 +323,9 @@ class LexiconLoader {
     result.outcome = outcome;
     result.count = lexicon_->count_;
     if (result.count > 0) {
-      result.lastWord.assign(lexicon_->text_.data() + lastStart_, lastLength_);
+      const auto last = static_cast<size_t>(std::min(result.count, capacity_));
+      result.lastWord.assign(lexicon_->text_.data() + lexicon_->starts_[last],
+                             std::max<size_t>(lexicon_->lengths_[last], longLine_));
     }
     result.letterStart = lexicon_->letterStart_;
     result.lengthCount = lexicon_->lengthCount_;
@@ -272,14 +346,15 @@ class LexiconLoader {
   const TextSource source_;
   const std::function<void(int)>& progress_;
   std::shared_ptr<Lexicon> lexicon_;
-  size_t size_ = 0;  // Of the text, in bytes.
+  size_t size_ = 0;       // Of the text, in bytes.
+  size_t mostWords_ = 0;  // That the text can hold and the lexicon may.
   RunTimeError error_;
   int runs_ = 0;
   int previousInitial_ = -1;
   int previousFirst_ = -1;  // First character of the word before.
-  size_t lastStart_ = 0;
-  size_t lastLength_ = 0;
+  size_t longLine_ = 0;     // The length of the line that is too long.
   bool mayFold_ = false;
+  bool full_ = false;  // More lines than the capacity.
 };
 
 LoadResult LoadLexicon(const std::string& path, int32_t capacity, TextSource source,
