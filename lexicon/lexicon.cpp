@@ -238,7 +238,7 @@ class LexiconLoader {
         heads[i] = text + starts[number + i];
         headLengths[i] = std::min(length, kLettersAtOnce);
         longWords[longCount] = static_cast<uint32_t>(number + i);
-        longCount += length > kLettersAtOnce ? 1 : 0;
+        longCount += (kLettersAtOnce - length) >> 31;  // 1 for a long word, without a branch.
       }
       LetterSetsOfHeads(heads, headLengths, letters + number);
     }

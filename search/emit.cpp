@@ -69,16 +69,17 @@ void FoundNumbers::Reserve(size_t size) {
   numbers_ = std::move(larger);
 }
 
-void Emit(const uint64_t* bits, size_t blocks, WordNumber first, FoundNumbers& found) {
+void Emit(const Survivors& survivors, WordNumber first, FoundNumbers& found) {
   size_t more = 0;
-  for (size_t block = 0; block < blocks; ++block) {
-    more += static_cast<size_t>(std::popcount(bits[block]));
+  for (const size_t block : survivors.Blocks()) {
+    more += static_cast<size_t>(std::popcount(survivors.Bits(block)));
   }
   found.Reserve(found.size_ + more);
   WordNumber* out = found.numbers_.data() + found.size_;
-  for (size_t block = 0; block < blocks; ++block, first += 64) {
-    const uint64_t word = bits[block];
-    out = std::popcount(word) < kDense ? EmitSparse(word, first, out) : EmitDense(word, first, out);
+  for (const size_t block : survivors.Blocks()) {
+    const uint64_t bits = survivors.Bits(block);
+    const WordNumber firstOfBlock = first + static_cast<WordNumber>(64 * block);
+    out = std::popcount(bits) < kDense ? EmitSparse(bits, firstOfBlock, out) : EmitDense(bits, firstOfBlock, out);
   }
   found.size_ += more;
 }

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "lexicon/lexicon.h"
+#include "search/filter.h"
 
 namespace quorvane {
 
@@ -32,13 +33,13 @@ class FoundNumbers {
   void Reserve(size_t size);
 
  private:
-  friend void Emit(const uint64_t*, size_t, WordNumber, FoundNumbers&);
+  friend void Emit(const Survivors&, WordNumber, FoundNumbers&);
 
   BigBuffer<WordNumber> numbers_;
   size_t size_ = 0;
 };
 
-// Appends `first` + i for each bit i of `blocks` machine words.
-void Emit(const uint64_t* bits, size_t blocks, WordNumber first, FoundNumbers& found);
+// Appends the numbers of the survivors, the first of which has the number `first`.
+void Emit(const Survivors& survivors, WordNumber first, FoundNumbers& found);
 
 }  // namespace quorvane

@@ -7,78 +7,67 @@
 namespace quorvane {
 namespace {
 
-// Whether one of 64 words passes, for each: the step that the whole filter consists of.
-using Filter64 = uint64_t (*)(const uint8_t* lengths, const LetterSet* letters, const WordFilter& filter);
+constexpr size_t kBlockWords = 64;
 
-uint64_t FilterEach(const uint8_t* lengths, const LetterSet* letters, const WordFilter& filter) {
-  uint64_t mask = 0;
-  for (unsigned i = 0; i < 64; ++i) {
-    mask |= static_cast<uint64_t>(filter.Passes(lengths[i], letters[i])) << i;
-  }
-  return mask;
-}
+// The questions that the filter consists of, each to 64 words: a bit for each that passes.
 
 #ifdef QUORVANE_VECTORS
 
-// A bit for each of 16 words whose length is in the range.
-uint32_t LengthsInRange(const uint8_t* lengths, const WordFilter& filter) {
-  const __m128i fromShortest = _mm_sub_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(lengths)),
-                                            _mm_set1_epi8(static_cast<char>(filter.shortest)));
+uint64_t LengthsFit(const uint8_t* lengths, const WordFilter& filter) {
+  const __m128i shortest = _mm_set1_epi8(static_cast<char>(filter.shortest));
   const __m128i span = _mm_set1_epi8(static_cast<char>(filter.longest - filter.shortest));
-  return static_cast<uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(_mm_min_epu8(fromShortest, span), fromShortest)));
+  uint64_t mask = 0;
+  for (unsigned i = 0; i < kBlockWords; i += 16) {
+    const __m128i fromShortest = _mm_sub_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(lengths + i)), shortest);
+    mask |= MaskOf(_mm_cmpeq_epi8(_mm_min_epu8(fromShortest, span), fromShortest)) << i;
+  }
+  return mask;
 }
 
-// A bit for each of 16 words whose letters fit.
-uint32_t LettersFit(const LetterSet* letters, const WordFilter& filter) {
+uint64_t LettersFit(const LetterSet* letters, const WordFilter& filter) {
   const __m128i care = _mm_set1_epi32(static_cast<int>(filter.care));
   const __m128i want = _mm_set1_epi32(static_cast<int>(filter.want));
-  const auto fits = [&](int k) {
-    const __m128i sets = _mm_loadu_si128(reinterpret_cast<const __m128i*>(letters) + k);
+  const auto fits = [&](const LetterSet* four) {
+    const __m128i sets = _mm_loadu_si128(reinterpret_cast<const __m128i*>(four));
     return _mm_cmpeq_epi32(_mm_and_si128(sets, care), want);
   };
-  const __m128i low = _mm_packs_epi32(fits(0), fits(1));
-  const __m128i high = _mm_packs_epi32(fits(2), fits(3));
-  return static_cast<uint32_t>(_mm_movemask_epi8(_mm_packs_epi16(low, high)));
-}
-
-uint64_t FilterLengths(const uint8_t* lengths, const LetterSet*, const WordFilter& filter) {
   uint64_t mask = 0;
-  for (unsigned i = 0; i < 64; i += 16) {
-    mask |= static_cast<uint64_t>(LengthsInRange(lengths + i, filter)) << i;
+  for (unsigned i = 0; i < kBlockWords; i += 16) {
+    const __m128i low = _mm_packs_epi32(fits(letters + i), fits(letters + i + 4));
+    const __m128i high = _mm_packs_epi32(fits(letters + i + 8), fits(letters + i + 12));
+    mask |= MaskOf(_mm_packs_epi16(low, high)) << i;
   }
   return mask;
-}
-
-uint64_t FilterLetters(const uint8_t*, const LetterSet* letters, const WordFilter& filter) {
-  uint64_t mask = 0;
-  for (unsigned i = 0; i < 64; i += 16) {
-    mask |= static_cast<uint64_t>(LettersFit(letters + i, filter)) << i;
-  }
-  return mask;
-}
-
-uint64_t FilterBoth(const uint8_t* lengths, const LetterSet* letters, const WordFilter& filter) {
-  const uint64_t inRange = FilterLengths(lengths, letters, filter);
-  return inRange == 0 ? 0 : inRange & FilterLetters(lengths, letters, filter);
-}
-
-Filter64 ChooseFilter(const WordFilter& filter) {
-  if (filter.blanks != 0) {
-    return FilterEach;
-  }
-  if (filter.care == 0) {
-    return FilterLengths;
-  }
-  return filter.shortest <= 1 && filter.longest >= kMaxWordLength ? FilterLetters : FilterBoth;
 }
 
 #else
 
-Filter64 ChooseFilter(const WordFilter&) {
-  return FilterEach;
+uint64_t LengthsFit(const uint8_t* lengths, const WordFilter& filter) {
+  uint64_t mask = 0;
+  for (unsigned i = 0; i < kBlockWords; ++i) {
+    mask |= static_cast<uint64_t>(lengths[i] >= filter.shortest && lengths[i] <= filter.longest) << i;
+  }
+  return mask;
+}
+
+uint64_t LettersFit(const LetterSet* letters, const WordFilter& filter) {
+  uint64_t mask = 0;
+  for (unsigned i = 0; i < kBlockWords; ++i) {
+    mask |= static_cast<uint64_t>((letters[i] & filter.care) == filter.want) << i;
+  }
+  return mask;
 }
 
 #endif
+
+uint64_t BlanksSuffice(const LetterSet* letters, const WordFilter& filter) {
+  uint64_t mask = 0;
+  for (unsigned i = 0; i < kBlockWords; ++i) {
+    mask |= static_cast<uint64_t>(static_cast<unsigned>(std::popcount(letters[i] & filter.forbidden)) <= filter.blanks)
+            << i;
+  }
+  return mask;
+}
 
 }  // namespace
 
@@ -91,28 +80,31 @@ void WordFilter::Allow(LetterSet allowed, unsigned blankTiles) {
   }
 }
 
-bool WordFilter::Passes(unsigned length, LetterSet letters) const {
-  return length >= shortest && length <= longest && (letters & care) == want &&
-         static_cast<unsigned>(std::popcount(letters & forbidden)) <= blanks;
-}
-
 void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count,
-                 uint64_t* survivors) {
-  const size_t blocks = (count + 63) / 64;
+                 Survivors& survivors) {
+  survivors.Clear();
   if (filter.shortest > filter.longest) {
-    for (size_t block = 0; block < blocks; ++block) {
-      survivors[block] = 0;
-    }
     return;
   }
-  const Filter64 filter64 = ChooseFilter(filter);
   const uint8_t* lengths = lexicon.Lengths() + first;
   const LetterSet* letters = lexicon.LetterSets() + first;
-  for (size_t block = 0; block < blocks; ++block) {
-    survivors[block] = filter64(lengths + 64 * block, letters + 64 * block, filter);
+  const size_t whole = count / kBlockWords;
+  const uint64_t rest = (uint64_t{1} << count % kBlockWords) - 1;
+  const size_t blocks = whole + (rest != 0 ? 1 : 0);
+  const auto inChunk = [&](size_t block) { return block < whole ? ~uint64_t{0} : rest; };
+  const auto fit = [&](size_t block) { return LettersFit(letters + kBlockWords * block, filter); };
+  if (filter.care != 0 && filter.shortest <= 1 && filter.longest >= kMaxWordLength) {
+    survivors.Fill(blocks, [&](size_t block) { return fit(block) & inChunk(block); });
+  } else {
+    survivors.Fill(blocks,
+                   [&](size_t block) { return LengthsFit(lengths + kBlockWords * block, filter) & inChunk(block); });
+    if (filter.care != 0) {
+      survivors.Narrow([&](size_t block, uint64_t bits) { return bits & fit(block); });
+    }
   }
-  if (count % 64 != 0) {
-    survivors[blocks - 1] &= (uint64_t{1} << (count % 64)) - 1;
+  if (filter.blanks != 0) {
+    survivors.Narrow(
+        [&](size_t block, uint64_t bits) { return bits & BlanksSuffice(letters + kBlockWords * block, filter); });
   }
 }
 

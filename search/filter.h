@@ -2,8 +2,10 @@
 // that may still match, from lengths and letter sets alone.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "lexicon/lexicon.h"
 
@@ -25,11 +27,54 @@ struct WordFilter {
   }
   // No letter but these (in words that hold letters only; a word with other characters is judged by itself).
   void Allow(LetterSet letters, unsigned blankTiles = 0);
-  bool Passes(unsigned length, LetterSet letters) const;
 };
 
-// Fills `survivors`, one bit a word, for the words `first` to `first + count - 1`; (count + 63) / 64 machine words are
-// written, the bits past `count` are 0.
-void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count, uint64_t* survivors);
+// The words of a chunk that may still match: a bit for each word, 64 to a block, and a list of the blocks that have
+// one. Where few words are left a step looks at those blocks alone, without asking every block whether it has any.
+class Survivors {
+ public:
+  static constexpr size_t kBlocks = 1024;  // The bits of so many blocks stay in the nearest cache.
+  static constexpr size_t kWords = kBlocks * 64;
+
+  // Begins with all bits of the first `blocks` blocks given by `bitsOf(block)`.
+  template <class BitsOf>
+  void Fill(size_t blocks, BitsOf bitsOf) {
+    count_ = 0;
+    for (size_t block = 0; block < blocks; ++block) {
+      Keep(block, bitsOf(block));
+    }
+  }
+  // Gives each listed block the bits `bitsOf(block, bits)`, a part of those it has.
+  template <class BitsOf>
+  void Narrow(BitsOf bitsOf) {
+    const size_t listed = count_;
+    count_ = 0;
+    for (size_t i = 0; i < listed; ++i) {
+      const size_t block = blocks_[i];
+      Keep(block, bitsOf(block, bits_[block]));
+    }
+  }
+  void Clear() { count_ = 0; }
+
+  // The blocks with a bit, ascending.
+  std::span<const uint16_t> Blocks() const { return {blocks_.data(), count_}; }
+  uint64_t Bits(size_t block) const { return bits_[block]; }
+
+ private:
+  // Written whether it counts or not: no branch to guess.
+  void Keep(size_t block, uint64_t bits) {
+    bits_[block] = bits;
+    blocks_[count_] = static_cast<uint16_t>(block);
+    count_ += bits != 0 ? 1u : 0u;
+  }
+
+  std::array<uint64_t, kBlocks> bits_;
+  std::array<uint16_t, kBlocks> blocks_;
+  size_t count_ = 0;
+};
+
+// Fills `survivors` for the words `first` to `first + count - 1`; `count` is at most Survivors::kWords.
+void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count,
+                 Survivors& survivors);
 
 }  // namespace quorvane

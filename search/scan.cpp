@@ -1,9 +1,7 @@
 #include "search/scan.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <vector>
 
 #include "base/text.h"
 #include "search/filter.h"
@@ -11,10 +9,6 @@
 
 namespace quorvane {
 namespace {
-
-// Words looked at in one go; the bits of so many words stay in the nearest cache.
-constexpr size_t kChunkBlocks = 1024;
-constexpr size_t kChunkWords = kChunkBlocks * 64;
 
 int NearestEven(double value) {
   return static_cast<int>(std::nearbyint(value));
@@ -85,7 +79,7 @@ class Scan {
     }
     for (int next = std::max(from, 1); next <= to;) {
       const int lastOfStep = step_ > 0 ? (next + step_ - 1) / step_ * step_ : to;
-      const int last = std::min({to, lastOfStep, next + static_cast<int>(kChunkWords) - 1});
+      const int last = std::min({to, lastOfStep, next + static_cast<int>(Survivors::kWords) - 1});
       Chunk(verifier, static_cast<WordNumber>(next), static_cast<size_t>(last) - static_cast<size_t>(next) + 1);
       Report(last);
       next = last + 1;
@@ -101,30 +95,23 @@ class Scan {
   }
 
   void Chunk(Verifier& verifier, WordNumber first, size_t count) {
-    const size_t blocks = (count + 63) / 64;
-    FilterWords(lexicon_, verifier.Filter(), first, count, bits_.data());
-    verifier.Verify(lexicon_, first, bits_.data(), blocks);
+    FilterWords(lexicon_, verifier.Filter(), first, count, survivors_);
+    verifier.Verify(lexicon_, first, survivors_);
     // A list that refuses no entry takes the words as they come; palindromes are sorted out before.
     if (screenCapacity_ == std::numeric_limits<size_t>::max()) {
       if (request_.palindromes) {
-        KeepPalindromes(lexicon_, first, bits_.data(), blocks);
+        KeepPalindromes(lexicon_, first, survivors_);
       }
       const size_t before = found_.size();
-      Emit(bits_.data(), blocks, first, found_);
+      Emit(survivors_, first, found_);
       DropRepeats(before);
       return;
     }
     FoundNumbers accepted;
-    Emit(bits_.data(), blocks, first, accepted);
+    Emit(survivors_, first, accepted);
     for (const WordNumber number : accepted.Span()) {
       AddOne(number);
     }
-  }
-
-  bool IsPalindrome(WordNumber number) const {
-    uint64_t bit = 1;
-    KeepPalindromes(lexicon_, number, &bit, 1);
-    return bit != 0;
   }
 
   bool SameWord(WordNumber a, WordNumber b) const {
@@ -153,7 +140,7 @@ class Scan {
     if (!outcome_.truncated) {
       const size_t count = found_.size();
       const bool repeat = count >= 1 && count < kRepeatCheckLimit && SameWord(found_[count - 1], number);
-      if (repeat || number == 0 || (request_.palindromes && !IsPalindrome(number))) {
+      if (repeat || number == 0 || (request_.palindromes && !IsPalindrome(lexicon_.Word(number)))) {
         return;
       }
       if (outcome_.listed < screenCapacity_) {
@@ -179,7 +166,7 @@ class Scan {
   const size_t screenCapacity_;
   const int step_;
   ScanOutcome outcome_;
-  std::vector<uint64_t> bits_ = std::vector<uint64_t>(kChunkBlocks);
+  Survivors survivors_;
 };
 
 }  // namespace

@@ -1,40 +1,40 @@
-// The second of a scan's three steps: verify. Looks at the words that the filter left and clears the bits of those that
-// do not match.
+// The second of a scan's three steps: verify. Looks at the words that the filter left and drops those that do not
+// match.
 #pragma once
 
-#include <cstdint>
-#include <memory>
-#include <vector>
+#include <string_view>
 
 #include "lexicon/lexicon.h"
 #include "search/filter.h"
 #include "search/match.h"
 #include "search/pattern.h"
+#include "search/verify_plan.h"
 
 namespace quorvane {
 
-// A prepared pattern, ready to be tried on many words: the filter derived from it and the test of what the filter
-// leaves. Both are derived from `Matcher::MatchChar` when the search starts.
+// A prepared pattern, ready to be tried on many words.
 class Verifier {
  public:
   // `shortest` and `longest` are the length range of the search.
   Verifier(std::string_view pattern, PatternKind kind, const CharacterLists& lists, unsigned shortest,
            unsigned longest);
-  ~Verifier();
-  Verifier(const Verifier&) = delete;
-  Verifier& operator=(const Verifier&) = delete;
 
-  const WordFilter& Filter() const;
+  const WordFilter& Filter() const { return plan_.filter; }
 
-  // Keeps of the `blocks` * 64 words from `first` on only those that match.
-  void Verify(const Lexicon& lexicon, WordNumber first, uint64_t* survivors, size_t blocks);
+  // Keeps of the survivors, whose first word is `first`, only those that match.
+  void Verify(const Lexicon& lexicon, WordNumber first, Survivors& survivors);
 
  private:
-  struct Plan;
-  std::unique_ptr<Plan> plan_;
+  template <class Test>
+  void Keep(const Lexicon& lexicon, WordNumber first, Survivors& survivors, Test test);
+
+  const VerifyPlan plan_;
+  WordTest wordTest_;
+  const bool isAnagram_;
 };
 
-// Keeps only words that read the same both ways, character by character as stored.
-void KeepPalindromes(const Lexicon& lexicon, WordNumber first, uint64_t* survivors, size_t blocks);
+// Whether a word reads the same both ways, character by character as stored.
+bool IsPalindrome(std::string_view word);
+void KeepPalindromes(const Lexicon& lexicon, WordNumber first, Survivors& survivors);
 
 }  // namespace quorvane

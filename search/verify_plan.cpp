@@ -1,0 +1,305 @@
+#include "search/verify_plan.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "base/text.h"
+
+namespace quorvane {
+namespace {
+
+// The letters that a pattern character (no digit, no "=") stands for, asked of the one definition.
+LetterSet LettersOf(char patternCharacter, const CharacterLists& lists) {
+  Matcher matcher(lists);
+  LetterSet set = 0;
+  for (char c = 'a'; c <= 'z'; ++c) {
+    matcher.StartWord();
+    matcher.MatchChar(patternCharacter, c);
+    if (matcher.MatchFlag()) {
+      set |= LetterBit(c);
+    }
+  }
+  return set;
+}
+
+bool IsBoundDigit(char c) {
+  return c >= '1' && c <= '3';
+}
+
+class PlanMaker {
+ public:
+  PlanMaker(std::string_view pattern, PatternKind kind, const CharacterLists& lists, VerifyPlan& plan)
+      : pattern_(pattern), kind_(kind), lists_(lists), plan_(plan), filter_(plan.filter), positions_(plan.positions) {}
+  void Make();
+
+ private:
+  void MakePositions(std::string_view prefix, std::optional<std::string_view> middle, std::string_view suffix);
+  void AddMiddle(std::string_view middle);
+  VerifyMode ModeOfPositions() const;
+  Symbol& SymbolFor(LetterSet letters);
+  void AddCharacter(char patternCharacter, std::optional<EndPlace> end, uint8_t middleOffset);
+  void AddDigit(char digit, std::optional<EndPlace> end, uint8_t middleOffset);
+  void LimitToWholePattern();
+  void MakeSequence();
+  void MakeLetterChoice();
+  void MakeAnagram();
+
+  const std::string_view pattern_;
+  const PatternKind kind_;
+  const CharacterLists& lists_;
+  VerifyPlan& plan_;
+  WordFilter& filter_;
+  Positions& positions_;
+  // Where each digit was met first: at the ends, else in the middle.
+  struct DigitPlaces {
+    std::optional<EndPlace> end;
+    std::optional<uint8_t> middle;
+  };
+  std::array<DigitPlaces, 3> digits_;
+};
+
+void PlanMaker::Make() {
+  const size_t first = pattern_.find('*');
+  const size_t last = pattern_.rfind('*');
+  switch (kind_) {
+    case PatternKind::NoAsterisk:
+      MakePositions(pattern_, std::nullopt, "");
+      filter_.longest = std::min(filter_.longest, static_cast<unsigned>(pattern_.size()));
+      LimitToWholePattern();
+      break;
+    case PatternKind::OneAsterisk:
+      MakePositions(pattern_.substr(0, first), std::nullopt, pattern_.substr(first + 1));
+      break;
+    case PatternKind::Contains:
+      MakePositions("", pattern_.substr(1, pattern_.size() - 2), "");
+      break;
+    case PatternKind::TwoAsterisks:
+      MakePositions(pattern_.substr(0, first), pattern_.substr(first + 1, last - first - 1), pattern_.substr(last + 1));
+      break;
+    case PatternKind::Sequence:
+      MakeSequence();
+      break;
+    case PatternKind::LetterChoice:
+      MakeLetterChoice();
+      break;
+    case PatternKind::Anagram:
+    case PatternKind::AnagramExact:
+      MakeAnagram();
+      break;
+    case PatternKind::Random:
+      filter_.longest = 0;
+      filter_.shortest = 1;
+      break;
+  }
+}
+
+void PlanMaker::MakePositions(std::string_view prefix, std::optional<std::string_view> middle,
+                              std::string_view suffix) {
+  const size_t size = prefix.size() + suffix.size() + (middle ? middle->size() : 0);
+  filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(size));
+  for (const char c : pattern_) {
+    if (IsLetter(c)) {
+      filter_.Require(LetterBit(c));
+    }
+  }
+  // Tiles are used up from left to right, and a character that stands for no letter at all concerns only words with
+  // other characters: such patterns are tried word by word.
+  const auto needsState = [this](char c) {
+    return c == '=' || (c != '*' && !IsBoundDigit(c) && LettersOf(c, lists_) == 0);
+  };
+  if (size > kMaxMaskLength || std::any_of(pattern_.begin(), pattern_.end(), needsState)) {
+    return;
+  }
+  positions_.before = static_cast<unsigned>(prefix.size());
+  positions_.after = static_cast<unsigned>(suffix.size());
+  for (size_t i = 0; i < prefix.size(); ++i) {
+    AddCharacter(prefix[i], EndPlace{false, static_cast<uint8_t>(i)}, 0);
+  }
+  for (size_t i = 0; i < suffix.size(); ++i) {
+    AddCharacter(suffix[i], EndPlace{true, static_cast<uint8_t>(i)}, 0);
+  }
+  if (middle) {
+    AddMiddle(*middle);
+  }
+  // One letter anywhere is what the letter sets say already; characters that match whatever there is, letter or not,
+  // ask for nothing but a length.
+  const bool oneLetter = kind_ == PatternKind::Contains && pattern_.size() == 3 && IsLetter(pattern_[1]);
+  const bool anything = positions_.Trivial() && pattern_.find_first_not_of("*?123") == std::string::npos;
+  plan_.mode = oneLetter || anything ? VerifyMode::FilterDecides : ModeOfPositions();
+}
+
+VerifyMode PlanMaker::ModeOfPositions() const {
+  if (positions_.OnlyFixed() && !positions_.hasMiddle) {
+    return VerifyMode::Ends;
+  }
+  const bool runAnywhere = positions_.before == 0 && positions_.after == 0 && positions_.run.size != 0;
+  return positions_.OnlyFixed() && runAnywhere ? VerifyMode::Run : VerifyMode::Positions;
+}
+
+void PlanMaker::AddMiddle(std::string_view middle) {
+  positions_.hasMiddle = true;
+  positions_.middle = static_cast<unsigned>(middle.size());
+  if (middle.size() <= ByteRun::kMost && std::all_of(middle.begin(), middle.end(), IsLetter)) {
+    std::for_each(middle.begin(), middle.end(), [this](char c) { positions_.run.Add(c); });
+    return;
+  }
+  for (size_t i = 0; i < middle.size(); ++i) {
+    AddCharacter(middle[i], std::nullopt, static_cast<uint8_t>(i));
+  }
+}
+
+Symbol& PlanMaker::SymbolFor(LetterSet letters) {
+  for (Symbol& symbol : positions_.symbols) {
+    if (symbol.letters.letters == letters) {
+      return symbol;
+    }
+  }
+  Symbol& symbol = positions_.symbols.emplace_back();
+  symbol.single = std::popcount(letters) == 1;
+  symbol.letter = static_cast<char>('a' - 1 + std::countr_zero(letters));
+  symbol.letters = LetterClass(letters);
+  return symbol;
+}
+
+void PlanMaker::AddCharacter(char patternCharacter, std::optional<EndPlace> end, uint8_t middleOffset) {
+  if (IsBoundDigit(patternCharacter)) {
+    AddDigit(patternCharacter, end, middleOffset);
+    return;
+  }
+  const LetterSet letters = LettersOf(patternCharacter, lists_);
+  if (letters == kAllLetters) {
+    return;
+  }
+  if (end && IsLetter(patternCharacter) &&
+      (end->fromEnd ? positions_.suffix : positions_.prefix).Add(end->offset, patternCharacter)) {
+    return;
+  }
+  // A set and its complement share one symbol, the smaller of the two.
+  const bool inside = std::popcount(letters) <= 13;
+  Symbol& symbol = SymbolFor(inside ? letters : kAllLetters & ~letters);
+  Places& places = inside ? symbol.inside : symbol.outside;
+  if (end) {
+    (end->fromEnd ? places.suffix : places.prefix) |= uint64_t{1} << end->offset;
+  } else {
+    places.middle.push_back(middleOffset);
+  }
+}
+
+// The first place of a digit binds it: the ends first, as they are tried first.
+void PlanMaker::AddDigit(char digit, std::optional<EndPlace> end, uint8_t middleOffset) {
+  DigitPlaces& bound = digits_[static_cast<size_t>(digit - '1')];
+  if (end) {
+    if (bound.end) {
+      positions_.sameEnds.push_back({*bound.end, *end});
+    } else {
+      bound.end = end;
+    }
+  } else if (bound.end) {
+    positions_.sameAsEnd.push_back({*bound.end, middleOffset});
+  } else if (bound.middle) {
+    positions_.sameInMiddle.push_back({*bound.middle, middleOffset});
+  } else {
+    bound.middle = middleOffset;
+  }
+}
+
+// Where the pattern says something of every character, only its letters may occur.
+void PlanMaker::LimitToWholePattern() {
+  LetterSet allowed = 0;
+  unsigned blanks = 0;
+  for (const char c : pattern_) {
+    if (IsBoundDigit(c)) {
+      allowed = kAllLetters;
+    } else if (c == '=') {
+      allowed |= LetterSetOf(lists_.scrabble) & kAllLetters;
+      blanks = static_cast<unsigned>(
+          std::count_if(lists_.scrabble.begin(), lists_.scrabble.end(), [](char t) { return t == '-' || t == '?'; }));
+    } else {
+      allowed |= LettersOf(c, lists_);
+    }
+  }
+  if (allowed != kAllLetters) {
+    filter_.Allow(allowed, blanks);
+  }
+}
+
+void PlanMaker::MakeSequence() {
+  const SequenceParts parts = SplitSequence(pattern_);
+  const LetterSet letters = LetterSetOf(parts.letters);
+  if (parts.times == 0 || parts.letters.empty() || (letters & kOtherCharacters) != 0) {
+    return;
+  }
+  filter_.Require(letters);
+  const auto times = static_cast<unsigned>(parts.times);
+  filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(parts.letters.size()) + times - 1);
+  if (parts.letters.size() > ByteRun::kMost) {
+    return;
+  }
+  AddMiddle(parts.letters);
+  positions_.minStarts = times;
+  positions_.maxStarts = parts.orMore ? static_cast<unsigned>(kMaxWordLength) : times;
+  plan_.mode = VerifyMode::Run;
+}
+
+void PlanMaker::MakeLetterChoice() {
+  std::string letters(pattern_.substr(1));
+  const bool anyOrder = letters.ends_with('~');
+  if (anyOrder) {
+    letters.pop_back();
+  }
+  const LetterSet set = LetterSetOf(letters);
+  if ((set & kOtherCharacters) != 0) {
+    return;
+  }
+  filter_.Require(set);
+  filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(letters.size()));
+  if (!anyOrder && letters.size() > 1) {
+    plan_.orderedLetters = letters;
+    plan_.mode = VerifyMode::OrderedLetters;
+    return;
+  }
+  for (char c = 'a'; c <= 'z'; ++c) {
+    const auto needed = static_cast<unsigned>(std::count(letters.begin(), letters.end(), c));
+    if (needed > 1) {
+      plan_.letterCounts.push_back({c, needed, static_cast<unsigned>(kMaxWordLength)});
+    }
+  }
+  plan_.mode = plan_.letterCounts.empty() ? VerifyMode::FilterDecides : VerifyMode::LetterCounts;
+}
+
+void PlanMaker::MakeAnagram() {
+  const auto size = static_cast<unsigned>(pattern_.size());
+  const LetterSet set = LetterSetOf(pattern_);
+  const bool exact = kind_ == PatternKind::AnagramExact;
+  if (exact) {
+    filter_.longest = std::min(filter_.longest, size);
+    filter_.shortest = std::max(filter_.shortest, size);
+  }
+  if ((set & kOtherCharacters) != 0) {
+    return;
+  }
+  filter_.Allow(set);
+  if (exact) {
+    filter_.Require(set);
+  }
+  for (char c = 'a'; c <= 'z'; ++c) {
+    const auto available = static_cast<unsigned>(std::count(pattern_.begin(), pattern_.end(), c));
+    if (available != 0) {
+      plan_.letterCounts.push_back({c, exact ? available : 0, available});
+    }
+  }
+  plan_.mode = VerifyMode::LetterCounts;
+}
+
+}  // namespace
+
+VerifyPlan MakeVerifyPlan(std::string_view pattern, PatternKind kind, const CharacterLists& lists, unsigned shortest,
+                          unsigned longest) {
+  VerifyPlan plan;
+  plan.filter.shortest = std::max(shortest, 1u);
+  plan.filter.longest = std::min(longest, static_cast<unsigned>(kMaxWordLength));
+  PlanMaker(pattern, kind, lists, plan).Make();
+  return plan;
+}
+
+}  // namespace quorvane
