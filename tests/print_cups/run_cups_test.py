@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Prints from the real window through a CUPS scheduler of its own and reads back what the scheduler wrote.
 
-Usage: run_cups_test.py PRINT_LIST [--pictures FOLDER]
+Usage: run_cups_test.py PRINT_LIST
 
 The scheduler has its own configuration, spool and state in a temporary folder and listens on the loopback interface
-only; its queue has no device, so that each document stays in the spool as the printer would get it. Where it can't run, the test says why and ends with 77.
+only; its queue has no device, so that each document stays in the spool as the printer would get it. Where it can't
+run, the test says why and ends with 77.
 """
 
 import getpass
@@ -21,7 +22,6 @@ import sys
 import tempfile
 import time
 import unittest
-import xml.etree.ElementTree
 
 SKIPPED = 77
 TIME_LIMIT = 240  # Seconds for everything.
@@ -34,7 +34,6 @@ TOOLS = {
     "lpstat": "cups-client",
     "cupsreject": "cups-client",
     "pdftotext": "poppler-utils",
-    "pdftoppm": "poppler-utils",
     "pdfinfo": "poppler-utils",
     "pdffonts": "poppler-utils",
 }
@@ -48,7 +47,6 @@ OTHER_WORDS = ["zebra", "zip", "zoo"]  # In the lexicon, not in the printed list
 PATTERN = "#*"
 
 program_path = None
-pictures_folder = None
 
 
 def run(*command, **more):
@@ -61,10 +59,6 @@ def wait_until(condition):
     while not (answer := condition()) and time.monotonic() < end:
         time.sleep(0.05)
     return answer
-
-
-def nearest(value):
-    return round(value)  # Ties to even.
 
 
 class Scheduler:
@@ -167,6 +161,7 @@ class Program:
     """The window under test, in a folder of its own."""
 
     def __init__(self, folder, server, settings):
+        shutil.rmtree(folder, ignore_errors=True)
         folder.mkdir()
         self.folder = folder
         (folder / "words.lex").write_bytes(b"".join(word.encode() + b"\r\n" for word in WORDS + OTHER_WORDS))
@@ -216,13 +211,10 @@ class Sheet:
         self.height = height
         self.columns = columns
         self.usable = height / POINTS - 1
-        self.line = font_size / 56 * POINTS
-        self.per_page = nearest(56 / font_size * (self.usable - 0.75) + 0.5) * columns
-        self.pages = nearest(abs(len(WORDS) / self.per_page + 0.4999))
+        self.per_page = round(56 / font_size * (self.usable - 0.75) + 0.5) * columns
+        self.pages = round(abs(len(WORDS) / self.per_page + 0.4999))
         # A column is full when the next line would begin at the usable height or below it.
         self.rows = math.ceil((self.usable - 0.75) * 56 / font_size)
-        self.top = 0.75 * POINTS
-        self.lefts = [5 + column * width / columns for column in range(columns)]
 
     def pages_text(self):
         return f"{self.pages} page(s), with up to {self.per_page} words per page."
@@ -231,36 +223,6 @@ class Sheet:
         """Page by page, column by column."""
         columns = [WORDS[start:start + self.rows] for start in range(0, len(WORDS), self.rows)]
         return [columns[start:start + self.columns] for start in range(0, len(columns), self.columns)]
-
-
-class Box:
-    def __init__(self, element):
-        self.text = element.text
-        self.left, self.top, self.right, self.bottom = (float(element.get(name))
-                                                        for name in ("xMin", "yMin", "xMax", "yMax"))
-
-
-def boxes_of(pdf):
-    """Page by page, the words with their places in points."""
-    tree = xml.etree.ElementTree.fromstring(run("pdftotext", "-bbox", pdf, "-"))
-    space = "{http://www.w3.org/1999/xhtml}"
-    return [[Box(word) for word in page.iter(space + "word")] for page in tree.iter(space + "page")]
-
-
-class Picture:
-    """A page in grey, read from a binary PGM file."""
-
-    def __init__(self, path):
-        kind, width, height, white, self.bytes = path.read_bytes().split(maxsplit=4)
-        assert kind == b"P5" and white == b"255", path
-        self.width, self.height = int(width), int(height)
-        # Splitting may not take leading white space off the pixels.
-        self.bytes = path.read_bytes()[-self.width * self.height:]
-
-    def darkest(self, left, top, right, bottom):
-        rows = range(max(0, int(top)), min(self.height, math.ceil(bottom)))
-        return min((min(self.bytes[row * self.width + int(left):row * self.width + math.ceil(right)], default=255)
-                    for row in rows), default=255)
 
 
 class PrintingThroughCups(unittest.TestCase):
@@ -307,16 +269,8 @@ class PrintingThroughCups(unittest.TestCase):
         size = re.match(r"\s*([\d.]+) x ([\d.]+) pts", facts["Page size"])
         self.assertAlmostEqual(float(size[1]), sheet.width, delta=1)
         self.assertAlmostEqual(float(size[2]), sheet.height, delta=1)
-        self.check_lines(pdf, sheet, today)
-        pages = boxes_of(pdf)
-        self.assertEqual(len(pages), sheet.pages)
-        for number, (page, columns) in enumerate(zip(pages, sheet.columns_of_words()), 1):
-            with self.subTest(page=number):
-                self.check_places(page, columns, sheet)
-        self.check_ink(pdf, pages, sheet)
-
-    def check_lines(self, pdf, sheet, today):
-        """The text read line by line, across the columns."""
+        for line in run("pdffonts", pdf).splitlines()[2:]:
+            self.assertEqual(line.split()[-5], "yes", f"not embedded: {line}")
         pages = run("pdftotext", "-layout", pdf, "-").split("\f")
         self.assertEqual(pages.pop(), "")
         self.assertEqual(len(pages), sheet.pages)
@@ -332,49 +286,6 @@ class PrintingThroughCups(unittest.TestCase):
                 self.assertTrue(printed_on, footer)
                 self.assertIn(printed_on[1], today)
                 self.assertEqual((int(printed_on[2]), int(printed_on[3])), (number, sheet.pages))
-
-    def check_places(self, page, columns, sheet):
-        """Every word once, in its column and line, in the order of the list; all of it on the sheet."""
-        for box in page:
-            self.assertGreaterEqual(box.left, 0, box.text)
-            self.assertLessEqual(box.right, sheet.width, box.text)
-            self.assertGreaterEqual(box.top, 0, box.text)
-            self.assertLessEqual(box.bottom, sheet.height, box.text)
-        body = [box for box in page if sheet.top - 5 < box.top < sheet.usable * POINTS + 5]
-        read = [[] for _ in sheet.lefts]
-        for box in sorted(body, key=lambda box: box.top):
-            column = max(i for i, left in enumerate(sheet.lefts) if box.left > left - 1)
-            read[column].append(box)
-            self.assertAlmostEqual(box.left, sheet.lefts[column], delta=2, msg=box.text)
-            self.assertLess(box.right, (*sheet.lefts, sheet.width)[column + 1], box.text)
-        self.assertEqual([[box.text for box in column] for column in read if column], columns)
-        first = min(box.top for box in body)
-        self.assertAlmostEqual(first, sheet.top, delta=4)
-        for column in read:
-            for row, box in enumerate(column):
-                self.assertAlmostEqual(box.top, first + row * sheet.line, delta=0.6, msg=box.text)
-
-    def check_ink(self, pdf, pages, sheet):
-        """Drawn pages: ink where the words are and none between the columns."""
-        for line in run("pdffonts", pdf).splitlines()[2:]:
-            self.assertEqual(line.split()[-5], "yes", f"not embedded: {line}")
-        dots = 144
-        run("pdftoppm", "-gray", "-r", str(dots), pdf, self.folder / "page")
-        pictures = sorted(self.folder.glob("page-*.pgm"))
-        self.assertEqual(len(pictures), len(pages))
-        scale = dots / POINTS
-        for path, page in zip(pictures, pages):
-            picture = Picture(path)
-            self.assertAlmostEqual(picture.width, sheet.width * scale, delta=2)
-            self.assertAlmostEqual(picture.height, sheet.height * scale, delta=2)
-            for box in page:
-                self.assertLess(picture.darkest(box.left * scale, box.top * scale, box.right * scale,
-                                                box.bottom * scale), 128, f"{box.text} can't be seen")
-            # A slanted letter may reach a little to the left of where it stands.
-            for left in sheet.lefts:
-                gap = picture.darkest((left - 5) * scale, (sheet.top - 2) * scale, (left - 2) * scale,
-                                      sheet.usable * POINTS * scale)
-                self.assertEqual(gap, 255, f"ink left of the column at {left}")
 
     def print_and_check(self, sheet, **settings):
         program = self.start(**settings)
@@ -404,26 +315,12 @@ class PrintingThroughCups(unittest.TestCase):
     def test_three_columns_on_letter(self):
         sheet = Sheet(612, 792, 3, 12)
         self.assertEqual((sheet.per_page, sheet.pages), (132, 3))
-        pdf = self.print_and_check(sheet, PrinterColumns="3", FontSize="12", PaperSize="Letter")
-        if pictures_folder:
-            for page in ("1", "2"):
-                run("pdftoppm", "-png", "-r", "60", "-f", page, "-l", page, "-singlefile", pdf,
-                    os.path.join(pictures_folder, f"printed_page_{page}"))
+        self.print_and_check(sheet, PrinterColumns="3", FontSize="12", PaperSize="Letter")
 
     def test_two_columns_in_italics_on_a4_across(self):
         pdf = self.print_and_check(Sheet(842, 595, 2, 10), PrinterColumns="2", FontSize="10", PaperSize="A4",
                                    PrinterOrientation="Landscape", Italic="Yes")
         self.assertRegex(run("pdffonts", pdf), "Italic|Oblique")
-
-    def test_eight_columns_on_legal_in_one_page(self):
-        sheet = Sheet(612, 1008, 8, 6)
-        self.assertEqual(sheet.pages, 1)
-        self.print_and_check(sheet, PrinterColumns="8", FontSize="6", PaperSize="Legal")
-
-    def test_list_that_fills_its_last_page(self):
-        sheet = Sheet(612, 792, 2, 15)
-        self.assertEqual(len(WORDS), sheet.per_page * sheet.pages)
-        self.print_and_check(sheet, PrinterColumns="2", FontSize="15", PaperSize="Letter")
 
     def test_cancelled(self):
         program = self.start()
@@ -436,28 +333,20 @@ class PrintingThroughCups(unittest.TestCase):
         self.assertEqual(self.scheduler.jobs("all"), [])
         self.assertFalse(self.scheduler.document(1).exists())
 
-    def test_printer_removed_while_the_program_runs(self):
-        program = self.start()
-        self.scheduler.remove_queue("words")
-        self.check_refused(program, program.tell("print"))
+    def test_failures_before_the_question(self):
+        for fail in (lambda: self.scheduler.remove_queue("words"), self.scheduler.stop):
+            self.scheduler.add_queue("words")
+            program = self.start()
+            fail()
+            self.check_refused(program, program.tell("print"))
 
-    def test_scheduler_stopped_before_printing(self):
-        program = self.start()
-        self.scheduler.stop()
-        self.check_refused(program, program.tell("print"))
-
-    # Known faults: the print is said to have succeeded. Each mark goes with its fault; the test fails while it is left.
-    def test_queue_that_refuses_jobs(self):
-        program = self.start()
-        self.scheduler.refuse_jobs("words")
-        self.assertEqual(program.tell("print")["event"], "asked")
-        self.check_refused(program, program.tell("ok"))
-
-    def test_scheduler_stopped_while_the_question_is_open(self):
-        program = self.start()
-        self.assertEqual(program.tell("print")["event"], "asked")
-        self.scheduler.stop()
-        self.check_refused(program, program.tell("ok"))
+    def test_failures_while_the_question_is_open(self):
+        for fail in (lambda: self.scheduler.refuse_jobs("words"), self.scheduler.stop):
+            self.scheduler.add_queue("words")
+            program = self.start()
+            self.assertEqual(program.tell("print")["event"], "asked")
+            fail()
+            self.check_refused(program, program.tell("ok"))
 
 
 def time_is_up(_signal, _frame):
@@ -465,10 +354,8 @@ def time_is_up(_signal, _frame):
 
 
 def main():
-    global program_path, pictures_folder
+    global program_path
     program_path = os.path.abspath(sys.argv[1])
-    if sys.argv[2:3] == ["--pictures"]:
-        pictures_folder = sys.argv[3]
     missing = sorted({package for tool, package in TOOLS.items() if not shutil.which(tool)})
     if missing:
         print("SKIPPED: not installed: " + ", ".join(missing))

@@ -29,39 +29,24 @@ TEST(Pattern, Preparation) {
     const char* box = "";
     const char* status = "";
   } cases[] = {
-      {"", word, "", 0},
       {"A-b?", word, "a?b?", 0},
-      {"-", word, "?", 0},
       {"@$'123#!,:=", word, "@$'123#!,:=", 0},
       {"*ing", word, "*ing", 1},
-      {"C*T", WordType::Palindrome, "c*t", 1},
-      {"*", word, "*", 1},
       {"-*?", word, "?*?", 1},
       {"*ell*", word, "*ell*", 2},
-      {"*?-*", word, "*??*", 2},
-      {"c*t*", word, "c*t*", 8},
       {"*c*t", word, "*c*t", 8},
       {"a*b*c", word, "a*b*c", 8},
-      {"a**", word, "a**", 8},
       {"**a", word, "**a", 8},
-      {"***", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
       {"**", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
       {"*a*b*", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
-      {"LISTEN", anagram, "listen", 9},
       {"Listen", exact, "listen", 10},
-      {"", anagram, "", 9},
-      {"a=b", anagram, "a=b", 9},
       {"a=b", exact, "a=b", 10},
       {"list?n", anagram, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
       {"a*", exact, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
-      {"a1", exact, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
       {"*a*b*", anagram, "***", 0, kOneAsterisk, "Please enter a word selection."},
       {"%2SS>", word, "%2ss>", 11},
-      {"%2ab", anagram, "%2ab", 11},
       {";PNT~", word, ";pnt~", 13},
-      {";ab", exact, ";ab", 13},
       {"~12", word, "~12", 0},
-      {"~", word, "~", 0},
       {"\xC9t\xC9", word, "\xE9t\xE9", 0},
   };
   for (const auto& [text, type, pattern, kind, box, status] : cases) {
@@ -124,20 +109,14 @@ TEST(Pattern, FirstLetters) {
     const CharacterLists& lists;
     const char* letters;
   } cases[] = {{"c?t", word, none, "C"},
-               {"Cat*", word, none, "C"},
                {"*ing", word, none, "&"},
-               {"?at", word, none, "&"},
                {"-at", word, none, "&"},
                {"1221", word, none, "&"},
                {"!at", word, lists, "&"},
-               {"%2ss", word, none, "&"},
-               {";abc", word, none, "&"},
                {"\xE9t", word, none, "&"},
                {"@b", word, none, "AEIOU"},
                {"$b", word, none, "BCDFGHJKLMNPQRSTVWXYZ"},
                {"'b", word, none, "BDFHKLT"},
-               {",b", word, none, "GJPQY"},
-               {":b", word, none, "ACEIMNORSUVWXZ"},
                {"#b", word, lists, "AQZ"},
                {"#b", word, none, ""},
                {"#b", word, dash, "M"},
@@ -145,11 +124,7 @@ TEST(Pattern, FirstLetters) {
                {"=b", word, none, ""},
                {"=b", word, blank, "&"},
                {"=b", word, dash, "&"},
-               {"#*", word, lists, "AQZ"},
-               {"tea", WordType::Palindrome, none, "T"},
                {"tease", WordType::Anagram, none, "AEST"},
-               {"Tease", WordType::AnagramExact, none, "AEST"},
-               {"=ab", WordType::Anagram, lists, "AET"},
                {"a=b", WordType::Anagram, lists, "=AB"},
                {";ab", WordType::Anagram, none, "&"}};
   for (const auto& [text, type, charLists, letters] : cases) {
@@ -203,30 +178,19 @@ TEST(Matcher, DigitsAndTiles) {
   } cases[] = {
       {"1221", "abba", "", true},
       {"1221", "abca", "", false},
-      {"1221", "aaaa", "", true},
-      {"123", "aba", "", true},
       {"1a1", "bab", "", true},
       {"1a1", "aab", "", false},
-      {"112233", "aabbcc", "", true},
-      {"1?1", "a1a", "", true},
       {"11", "a1", "", true} /* a digit also stands for itself */,
-      {"22", "2b", "", false},
       {"===", "abc", "ab?", true},
       {"===", "cab", "ab-", true},
       {"====", "abcd", "ab?", false},
-      {"==", "aa", "aab", true},
       {"==", "aa", "ab", false},
-      {"=a=", "bab", "bB", true},
       {"===", "xyz", "-?-", true},
-      {"===", "xyz", "?-", false},
       {"==", "ax", "a?", true},
       {"==", "xa", "a?", true},
-      {"===", "aax", "a?", false},
-      {"=", "?", "a", false},
       {"==", "-a", "a-", true},
       {"==", "==", "", true} /* a tile sign matches itself and takes none */,
       {"==", "a[", "a", false},
-      {"==", "a]", "a", false},
   };
   for (const auto& [pattern, word, rack, matches] : cases) {
     EXPECT_EQ(Matches(pattern, word, {"", "", rack}), matches) << pattern << " " << word << " " << rack;
@@ -255,30 +219,11 @@ TEST(Matcher, ContainsAll) {
     bool result;
   } cases[] = {{"aab", "banana", true},
                {"aaaa", "banana", false},
-               {"", "x", true},
-               {"a", "", false},
                {"tee", "tea", false},
-               {"tea", "tea", true},
                {"a*", "aab", true} /* a used one is a "*" */,
                {"*", "abc", false}};
   for (const auto& [a, b, result] : cases) {
     EXPECT_EQ(ContainsAll(a, b), result) << a << " in " << b;
-  }
-}
-
-TEST(Matcher, ContainsAllComparesCounts) {
-  std::mt19937 engine(3);
-  for (int round = 0; round < 3000; ++round) {
-    std::string texts[2];
-    for (std::string& text : texts) {
-      for (auto length = engine() % 8; length > 0; --length) {
-        text += static_cast<char>('a' + engine() % 3);
-      }
-    }
-    std::string sorted[2] = {SortLetters(texts[0]), SortLetters(texts[1])};
-    ASSERT_EQ(ContainsAll(texts[0], texts[1]),
-              std::includes(sorted[1].begin(), sorted[1].end(), sorted[0].begin(), sorted[0].end()))
-        << texts[0] << " in " << texts[1];
   }
 }
 
@@ -288,19 +233,11 @@ TEST(Matcher, FindLettersInOrder) {
     const char* letters;
     bool result;
     const char* left;  // Of the letters.
-  } cases[] = {{"planet", "pnt", true, "&&&"},
-               {"planet", "tnp", false, "&np"},
-               {"planet", "tnp~", true, "&&&"},
-               {"planet", "", true, ""},
-               {"banana", "aaa", true, "&&&"},
-               {"banana", "aaaa", false, "&&&a"},
-               {"banana", "aaan~", true, "&&&&"},
-               {"banana", "nnn~", false, "&&n"},
-               {"", "a", false, "a"},
-               {"abc", "xc", false, "x&"},
-               {"aa", "aa", true, "&&"},
-               {"ab", "ba", false, "&a"},
-               {"pit", "~", true, ""}};
+  } cases[] = {{"planet", "pnt", true, "&&&"},    {"planet", "tnp", false, "&np"},
+               {"planet", "tnp~", true, "&&&"},   {"banana", "aaa", true, "&&&"},
+               {"banana", "aaaa", false, "&&&a"}, {"banana", "aaan~", true, "&&&&"},
+               {"banana", "nnn~", false, "&&n"},  {"abc", "xc", false, "x&"},
+               {"ab", "ba", false, "&a"},         {"pit", "~", true, ""}};
   for (const auto& [word, letters, result, left] : cases) {
     std::string used = letters;
     EXPECT_EQ(FindLettersInOrder(word, used), result) << word << " " << letters;

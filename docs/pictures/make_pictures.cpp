@@ -9,16 +9,17 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
+#include <fstream>
 
 #include "app/main_window.h"
 #include "app/start_up.h"
 #include "base/qt_text.h"
 #include "settings/ini_store.h"
 #include "settings/settings_table.h"
-#include "tests/support/temporary_directory.h"
 
 namespace quorvane {
 namespace {
@@ -73,11 +74,11 @@ class Studio {
  public:
   Studio(const QString& directory, const QString& lexicon, const QString& prefix)
       : door_(directory, prefix),
-        settings_(FromText(folder_.File("quorvane.conf")), [](const FileError&) {}),
-        log_(folder_.File("quorvane.log"), SystemClock(), [](const FileError&) {}),
-        services_{settings_, log_, door_, random_, folder_.path(), folder_.File("quorvane.conf")} {
-    std::filesystem::create_symlink(ToText(lexicon), folder_.File("words.lex"));
-    std::filesystem::copy_file("app/Quorvane.hlp", folder_.File("Quorvane.hlp"));
+        settings_(folder_.filePath("quorvane.conf"), [](const FileError&) {}),
+        log_(ToText(folder_.filePath("quorvane.log")), SystemClock(), [](const FileError&) {}),
+        services_{settings_, log_, door_, random_, ToText(folder_.path()), ToText(folder_.filePath("quorvane.conf"))} {
+    std::filesystem::create_symlink(ToText(lexicon), ToText(folder_.filePath("words.lex")));
+    std::filesystem::copy_file("app/Quorvane.hlp", ToText(folder_.filePath("Quorvane.hlp")));
     settings_.Save(kApplicationName, "Selection", "ExcludedChars", "aeiou");
     settings_.Save(kApplicationName, "Selection", "ScrabbleChars", "retains?");
     settings_.Save(kApplicationName, "Printer", "PrinterName", "PDF file");
@@ -145,7 +146,9 @@ class Studio {
     }
     Search("~12");
     door_.NameNext("frmLexProblem");
-    command.LoadLexiconFile(folder_.Write("bad.lex", "abbey\r\nabbot\r\n\xE9lan\r\n"));
+    const std::string bad = ToText(folder_.filePath("bad.lex"));
+    std::ofstream(bad, std::ios::binary) << "abbey\r\nabbot\r\n\xE9lan\r\n";
+    command.LoadLexiconFile(bad);
     window_->session.ended = false;
   }
 
@@ -158,7 +161,7 @@ class Studio {
     Save("reset_colours");
   }
 
-  test::TemporaryDirectory folder_;
+  QTemporaryDir folder_;
   PictureDoor door_;
   IniStore settings_;
   EventLog log_;
