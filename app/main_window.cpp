@@ -32,6 +32,7 @@ namespace {
 constexpr int kWideTwips = 3675;
 constexpr int kListWidth = 280;
 constexpr int kRightColumnWidth = 190;
+constexpr int kGroupSpacing = 8;
 
 }  // namespace
 
@@ -87,14 +88,16 @@ void MainWindow::LayOut() {
   auto* grid = new QGridLayout(centralWidget());
   grid->setHorizontalSpacing(14);
   auto* left = new QVBoxLayout;
+  left->setSpacing(kGroupSpacing);
   left->addWidget(lengths);
   left->addWidget(sort);
   left->addWidget(appearance);
   left->addStretch();
   auto* right = new QVBoxLayout;
   right->addWidget(lists);
-  right->addSpacing(8);
+  right->addSpacing(kGroupSpacing);
   right->addWidget(resultOptions);
+  right->addSpacing(kGroupSpacing);
   right->addWidget(lookup);
   right->addStretch();
   right->addWidget(lblTimer_);

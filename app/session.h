@@ -23,7 +23,6 @@ struct Session {
   bool scanActive = false;
   bool listTruncated = false;  // Left by the last scan.
   bool saveAsLexiconAllowed = false;
-  bool showRandomNotice = true;
 
   std::string printerName = "(undefined)";
   std::array<std::string, kColourElements> colours;  // By ColourElement.

@@ -144,9 +144,6 @@ void StartUp::Apply(Setting setting, const std::string& value) {
     case Setting::ScrabbleChars:
       window_.lists->ShowList(ListKind::Scrabble, value);
       break;
-    case Setting::RandomDisclaimer:
-      window_.session.showRandomNotice = yes;
-      break;
     case Setting::MinLength:
       ParseInteger(value, minLength_);
       break;

@@ -62,7 +62,14 @@ void ClickLabel::focusOutEvent(QFocusEvent* event) {
 }
 
 void ClickLabel::paintEvent(QPaintEvent* event) {
-  QLabel::paintEvent(event);
+  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+  if (shown == text()) {
+    QLabel::paintEvent(event);
+  } else {
+    QPainter painter(this);
+    style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
+                          foregroundRole());
+  }
   if (hasFocus()) {
     QPainter painter(this);
     QStyleOptionFocusRect option;

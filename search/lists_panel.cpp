@@ -32,6 +32,8 @@ ListsPanel::ListsPanel(QWidget* parent) : QWidget(parent) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(2);
+  // The list of the first start, the whole alphabet, is not cut.
+  setMinimumWidth(fontMetrics().horizontalAdvance("ABCDEFGHIJKLMNOPQRSTUVWXYZ") + 2);
   for (const ListLabels& labels : kLabels) {
     literals_[labels.kind] = new ClickLabel(QString(labels.name) + "Lit", labels.caption, labels.literalToolTip, this);
     lists_[labels.kind] = new ClickLabel(labels.name, "", labels.toolTip, this);
