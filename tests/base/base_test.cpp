@@ -241,15 +241,6 @@ TEST(File, ReplacesWhatALinkPointsTo) {
   EXPECT_EQ(NamesIn(directory.File("real")), Names{"file.txt"});
 }
 
-TEST(File, FollowsALinkToAFileThatIsNotThereYet) {
-  const TemporaryDirectory directory;
-  fs::create_directory(directory.File("real"));
-  fs::create_symlink("real/file.txt", directory.File("link"));
-  EXPECT_FALSE(ReplaceFile(directory.File("link"), WriteNew));
-  EXPECT_TRUE(fs::is_symlink(directory.File("link")));
-  EXPECT_EQ(ReadFile(directory.File("real/file.txt")), "new");
-}
-
 TEST(File, AFailureLeavesTheOldFileAndNothingElse) {
   const TemporaryDirectory directory;
   const std::string old = directory.Write("old.txt", "old");
@@ -367,15 +358,6 @@ TEST(ProgramDirectory, IsTheFirstOfItsPlaces) {
       EXPECT_EQ(ReadFile(JoinPath(settled.path, "words.lex")), "installed\r\n");
     }
   }
-}
-
-TEST(ProgramDirectory, RelativePlaces) {
-  Installation here;
-  here.input.xdgDataHome = "relative";
-  EXPECT_EQ(SettleProgramDirectory(here.input).path, here.root.File("home/.local/share/quorvane"))
-      << "a relative data home counts as none";
-  here.input.dataDir = "some/where/";
-  EXPECT_EQ(SettleProgramDirectory(here.input).path, (fs::current_path() / "some/where").string());
 }
 
 TEST(ProgramDirectory, CopiesOnlyWhatIsMissing) {

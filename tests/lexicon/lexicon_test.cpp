@@ -374,20 +374,6 @@ TEST(Lexicon, HoldsTwoMillionWords) {
             "Max # of input words in array reached; last word read was 'zy', #2000000: Err=9");
 }
 
-TEST(LexiconName, KeepsWhatANameMayHold) {
-  const struct {
-    const char* typed;
-    const char* clean;
-  } cases[] = {{"My List 2", "my list 2"},
-               {"a/b\\c:d*e?f\"g<h>i|j.k", "abcdefghijk"},
-               {"../../etc/passwd", "etcpasswd"},
-               {"line\r\nbreak\t", "linebreak"},
-               {"", ""}};
-  for (const auto& [typed, clean] : cases) {
-    EXPECT_EQ(CleanLexiconName(typed), clean);
-  }
-}
-
 TEST(LexiconName, ListsTheLexiconsOfADirectory) {
   const TemporaryDirectory directory;
   for (const char* name : {"b.lex", "A.LEX", "a.lex", "c.Lex", "words.txt", "x.lex.bak", "odd\\name.lex", "lex"}) {

@@ -197,36 +197,6 @@ TEST(Matcher, DigitsAndTiles) {
   }
 }
 
-TEST(Matcher, StartsEachWordAnew) {
-  Matcher matcher({"", "", "a"});
-  matcher.MatchChar('=', 'a');
-  matcher.MatchChar('1', 'x');
-  EXPECT_TRUE(matcher.MatchFlag());
-  matcher.MatchChar('1', 'y');
-  EXPECT_FALSE(matcher.MatchFlag());
-  matcher.MatchChar('y', 'y');
-  EXPECT_FALSE(matcher.MatchFlag()) << "a match never raises the flag";
-  matcher.StartWord();
-  matcher.MatchChar('=', 'a');
-  matcher.MatchChar('1', 'y');
-  EXPECT_TRUE(matcher.MatchFlag());
-}
-
-TEST(Matcher, ContainsAll) {
-  const struct {
-    const char* a;
-    const char* b;
-    bool result;
-  } cases[] = {{"aab", "banana", true},
-               {"aaaa", "banana", false},
-               {"tee", "tea", false},
-               {"a*", "aab", true} /* a used one is a "*" */,
-               {"*", "abc", false}};
-  for (const auto& [a, b, result] : cases) {
-    EXPECT_EQ(ContainsAll(a, b), result) << a << " in " << b;
-  }
-}
-
 TEST(Matcher, FindLettersInOrder) {
   const struct {
     const char* word;

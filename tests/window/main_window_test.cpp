@@ -274,14 +274,6 @@ TEST_F(MainWindowTest, AWildcardCancelsAnagramMode) {
   }
 }
 
-TEST_F(MainWindowTest, ASequenceWithoutANumberIsLogged) {
-  ASSERT_TRUE(Start());
-  NewLog();
-  Paste("%x1");
-  EXPECT_EQ(Text("tbInput"), "%");
-  EXPECT_EQ(NewLog(), Texts{"INPERR No number specified in % option: %x1"});
-}
-
 TEST_F(MainWindowTest, PastedTextIsHeldToTheSameRules) {
   ASSERT_TRUE(Start());
   const QString longText(10000, 'a');
