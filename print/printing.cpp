@@ -10,10 +10,10 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "base/file.h"
 #include "base/qt_text.h"
 #include "base/text.h"
 #include "settings/printer_errors.h"
@@ -283,15 +283,19 @@ bool Printing::DrawToPdf(QPrinter& printer, const PageLayoutInput& input, const 
     site.reportErrors(PrinterErrorText(place, kPrinterFailed));
     return false;
   }
-  QSaveFile target(path);
-  bool written = drawn.open(QIODevice::ReadOnly) && target.open(QIODevice::WriteOnly);
-  const QByteArray bytes = written ? drawn.readAll() : QByteArray();
-  written = written && bytes.trimmed().endsWith("%%EOF") && target.write(bytes) == bytes.size() && target.commit();
-  if (!written) {
-    site.reportErrors(PrinterErrorText("FP", kPrinterFailed) + "\r\n" + ToText(path) + ": " +
-                      ToText(target.errorString()));
+  const QByteArray bytes = drawn.open(QIODevice::ReadOnly) ? drawn.readAll() : QByteArray();
+  std::string problem;
+  if (!bytes.trimmed().endsWith("%%EOF")) {
+    problem = ToText(drawn.fileName()) + ": the pages are not complete";
+  } else if (const auto error = ReplaceFile(ToText(path), [&bytes](FileWriter& out) {
+               out.Write({bytes.constData(), static_cast<size_t>(bytes.size())});
+             })) {
+    problem = error->Text();
   }
-  return written;
+  if (!problem.empty()) {
+    site.reportErrors(PrinterErrorText("FP", kPrinterFailed) + "\r\n" + problem);
+  }
+  return problem.empty();
 }
 
 void Printing::Cancelled(const PrintSite& site) {
