@@ -164,25 +164,6 @@ TEST(Text, Numbers) {
   EXPECT_EQ(FormatThousands(-123456), "-123,456");
 }
 
-TEST(File, PathsAreJoinedAndResolved) {
-  const struct {
-    const char* directory;
-    const char* value;
-    const char* resolved;
-    bool hasDirectory;
-  } cases[] = {{"/d", "words.lex", "/d/words.lex", false},
-               {"/d/", "words.lex", "/d/words.lex", false},
-               {"/d", "sub/x.lex", "/d/sub/x.lex", true},
-               {"/d", "/abs/x.lex", "/abs/x.lex", true},
-               {"", "x.lex", "x.lex", false},
-               {"/", "x", "/x", false},
-               {"/d", "sub\\x.lex", "/d/sub\\x.lex", true}};
-  for (const auto& [directory, value, resolved, hasDirectory] : cases) {
-    EXPECT_EQ(ResolvePath(directory, value), resolved);
-    EXPECT_EQ(HasDirectory(value), hasDirectory) << value;
-  }
-}
-
 TEST(File, NamesAreFoundWhateverTheirCase) {
   const TemporaryDirectory directory;
   directory.Write("WORDS.txt", "old");

@@ -63,19 +63,6 @@ TEST(LexiconMaker, ReadsWordLists) {
   }
 }
 
-TEST(LexiconMaker, GivesTheFirstThreeExamplesOfEachReason) {
-  const std::string tooLong(91, 'a');
-  LexiconMaker maker;
-  maker.AddList("can't 1\nx2\n" + tooLong + "\nco-op\nb\nb\na\nd4\n");
-  maker.AddList("b\na\nc\nc\nc\n");
-  maker.Finish();
-  EXPECT_EQ(maker.Left(LeftOut::OtherCharacters).examples, (Words{"can't", "x2", "co-op"}));
-  EXPECT_EQ(maker.Left(LeftOut::OtherCharacters).count, 4);
-  EXPECT_EQ(maker.Left(LeftOut::TooLong).examples, Words{tooLong});
-  EXPECT_EQ(maker.Left(LeftOut::Repeated).count, 5);
-  EXPECT_EQ(maker.Left(LeftOut::Repeated).examples.size(), 3u);
-}
-
 TEST(LexiconMaker, WhatItWritesLoads) {
   const TemporaryDirectory directory;
   std::mt19937 engine(11);
