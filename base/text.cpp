@@ -62,6 +62,37 @@ char ByteOf(char32_t codePoint, char substitute) {
   return substitute;
 }
 
+int32_t NextCodePoint(std::string_view text, size_t& i) {
+  const auto byte = [&](size_t k) { return static_cast<unsigned char>(text[k]); };
+  const unsigned char first = byte(i++);
+  if (first < 0x80) {
+    return first;
+  }
+  const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC2 ? 1 : -1;
+  if (more < 0 || first > 0xF4) {
+    return -1;
+  }
+  int32_t codePoint = first & (0x3F >> more);
+  for (int k = 0; k < more; ++k) {
+    if (i >= text.size() || (byte(i) & 0xC0) != 0x80) {
+      return -1;
+    }
+    codePoint = (codePoint << 6) | (byte(i++) & 0x3F);
+  }
+  constexpr std::array kLeast = {0, 0x80, 0x800, 0x10000};  // By the bytes that follow the first.
+  const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+  return codePoint < kLeast[static_cast<size_t>(more)] || surrogate || codePoint > 0x10FFFF ? -1 : codePoint;
+}
+
+bool IsUtf8(std::string_view text) {
+  for (size_t i = 0; i < text.size();) {
+    if (NextCodePoint(text, i) < 0) {
+      return false;
+    }
+  }
+  return true;
+}
+
 std::string Utf8FromBytes(std::string_view bytes) {
   std::string utf8;
   utf8.reserve(bytes.size());

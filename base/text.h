@@ -30,6 +30,10 @@ char16_t CodePointOf(char c);
 char ByteOf(char32_t codePoint, char substitute = '?');
 std::string Utf8FromBytes(std::string_view bytes);
 
+// The next code point of `text` from `i` on, which is moved past it; -1 when the bytes are not UTF-8.
+int32_t NextCodePoint(std::string_view text, size_t& i);
+bool IsUtf8(std::string_view text);
+
 // Whether `c` is in the class "[...]": one of the listed characters or within a listed range "x-y" (inclusive); a
 // leading "!" inverts, a "-" first is an ordinary character, "[]" holds nothing. Comparison is by character code. The
 // class ends at its first "]"; text that is no class holds nothing.

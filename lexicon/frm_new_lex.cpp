@@ -27,6 +27,9 @@ FrmNewLex::FrmNewLex(const std::string& directory, const std::string& currentLex
   fbList_->setMinimumWidth(380);
   choose->setBuddy(fbList_);
   for (const std::string& name : LexiconFilesIn(directory)) {
+    if (ToText(FromText(name)) != name) {  // Neither the list nor the settings file can hold such a name.
+      continue;
+    }
     fbList_->addItem(FromText(name));
     if (name == currentLexicon) {
       fbList_->setCurrentRow(fbList_->count() - 1);

@@ -29,36 +29,6 @@ constexpr std::string_view kPlainLetters[] = {
     "u", "u", "u", "u", "u", "u", "w", "w", "y", "y", "y", "z", "z", "z", "z", "z", "z", "s"};
 static_assert(std::size(kPlainLetters) == 0x180 - 0xC0);
 
-// The next code point of `text` from `i` on, which is moved past it; -1 when the bytes are not UTF-8.
-int32_t NextCodePoint(std::string_view text, size_t& i) {
-  const auto byte = [&](size_t k) { return static_cast<unsigned char>(text[k]); };
-  const unsigned char first = byte(i++);
-  if (first < 0x80) {
-    return first;
-  }
-  const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : first >= 0xC2 ? 1 : -1;
-  if (more < 0 || first > 0xF4) {
-    return -1;
-  }
-  int32_t codePoint = first & (0x3F >> more);
-  for (int k = 0; k < more; ++k) {
-    if (i >= text.size() || (byte(i) & 0xC0) != 0x80) {
-      return -1;
-    }
-    codePoint = (codePoint << 6) | (byte(i++) & 0x3F);
-  }
-  return codePoint;
-}
-
-bool IsUtf8(std::string_view text) {
-  for (size_t i = 0; i < text.size();) {
-    if (NextCodePoint(text, i) < 0) {
-      return false;
-    }
-  }
-  return true;
-}
-
 // Appends the plain form of one code point; false when it has none.
 bool AppendPlain(int32_t codePoint, std::string& word) {
   if (codePoint < 0x80) {

@@ -199,16 +199,16 @@ class Check {
     }
   }
 
-  std::string_view AllowedDigits() const {
+  static std::string_view AllowedDigits(std::string_view text) {
     const std::string_view digits = "123";
-    return digits.substr(0, !Holds(state_.text, '1') ? 1 : !Holds(state_.text, '2') ? 2 : 3);
+    return digits.substr(0, !Holds(text, '1') ? 1 : !Holds(text, '2') ? 2 : 3);
   }
 
   void PlainPattern() {
     state_.canSearch = true;
     state_.palindrome = true;
     state_.noun = FactsOf(state_.selected).noun;
-    const std::string_view digits = AllowedDigits();
+    const std::string_view digits = AllowedDigits(state_.text);
     const auto allowed = [digits](char c) { return IsLetter(c) || Holds(kPlainCharacters, c) || Holds(digits, c); };
     const auto lastAllowed = std::find_if(state_.text.rbegin(), state_.text.rend(), allowed);
     if (lastAllowed != state_.text.rbegin()) {
@@ -234,7 +234,8 @@ class Check {
     }
   }
 
-  // More tiles than there are, or a third asterisk: last characters go, each with its refusal, until the limits hold.
+  // More tiles than there are, or a third asterisk: last characters go, each with its refusal, until the limits hold. A
+  // digit that the shorter text does not allow goes without one.
   bool TrimBeyondLimits(size_t asterisks, size_t tiles) {
     std::string text = state_.text;
     for (;;) {
@@ -248,6 +249,7 @@ class Check {
       asterisks -= text.back() == '*' ? 1 : 0;
       tiles -= text.back() == '=' ? 1 : 0;
       text.pop_back();
+      std::erase_if(text, [digits = AllowedDigits(text)](char c) { return c >= '1' && c <= '3' && !Holds(digits, c); });
     }
     const size_t size = text.size();
     return Replace(std::move(text), size);

@@ -1,7 +1,6 @@
 #include "app/cli/arguments.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/text.h"
 #include "lexicon/lexicon.h"
@@ -76,7 +75,6 @@ std::optional<std::string> FindArguments::Settle() {
 }
 
 std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv) {
-  constexpr std::array kOptions = {"--include=", "--exclude=", "--rack="};
   std::vector<std::string> arguments;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
@@ -84,8 +82,7 @@ std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv) {
       arguments.insert(arguments.end(), argv + i, argv + argc);
       break;
     }
-    const auto option = std::find(kOptions.begin(), kOptions.end(), argument);
-    if (option != kOptions.end()) {
+    if (argument.starts_with("--") && argument.find('=') + 1 == argument.size()) {
       arguments.push_back(argument.substr(0, argument.size() - 1));
       arguments.emplace_back();
     } else {

@@ -1,7 +1,9 @@
 #include "app/cli/find_command.h"
 
+#include <cerrno>
 #include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <iostream>
 #include <random>
@@ -94,6 +96,10 @@ class FindRun {
       refused = refused || status == kFailed;
       output_.Flush();
     }
+    if (std::ferror(stdin) != 0) {
+      Complain(std::string("can't read standard input: ") + std::strerror(errno));
+      refused = true;
+    }
     return output_.Finish(refused ? kFailed : found ? kFound : kNothingFound);
   }
 
@@ -124,6 +130,9 @@ class FindRun {
     const ReadPattern read = Read(typed, arguments_.search);
     if (read.refusal) {
       return Refuse(typed, *read.refusal);
+    }
+    if (read.prepared.Random() && !arguments_.saveLexicon.empty()) {
+      return Refuse(typed, "random words can't be saved as a lexicon");
     }
     if (read.kept != typed) {
       Note("pattern '" + typed + "' was read as '" + read.kept + "'");
@@ -207,6 +216,10 @@ class FindRun {
                                {results_.FoundCount(), read.noun, read.kept, arguments_.search.lists}, Words());
     }
     if (!error && !arguments_.saveLexicon.empty()) {
+      if (results_.FoundCount() == 0) {
+        Complain("no word was found; " + arguments_.saveLexicon + " was not written");
+        return false;
+      }
       error = WriteResultsAsLexicon(arguments_.saveLexicon, Words());
     }
     if (error) {

@@ -42,12 +42,14 @@ void JsonObject::AppendQuoted(std::string_view utf8) {
 }
 
 JsonObject& JsonObject::Text(std::string_view key, std::string_view bytes) {
-  return Path(key, Utf8FromBytes(bytes));
+  Key(key);
+  AppendQuoted(Utf8FromBytes(bytes));
+  return *this;
 }
 
 JsonObject& JsonObject::Path(std::string_view key, std::string_view bytes) {
   Key(key);
-  AppendQuoted(bytes);
+  AppendQuoted(IsUtf8(bytes) ? std::string(bytes) : Utf8FromBytes(bytes));
   return *this;
 }
 

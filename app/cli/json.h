@@ -11,7 +11,7 @@ namespace quorvane::cli {
 class JsonObject {
  public:
   JsonObject& Text(std::string_view key, std::string_view bytes);  // 8-bit characters, read as Windows-1252.
-  JsonObject& Path(std::string_view key, std::string_view bytes);  // A path: UTF-8 as it stands.
+  JsonObject& Path(std::string_view key, std::string_view bytes);  // A path: as it stands where it is UTF-8.
   JsonObject& Number(std::string_view key, int64_t value);
   JsonObject& Milliseconds(std::string_view key, double value);
   JsonObject& Flag(std::string_view key, bool value);

@@ -32,21 +32,21 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
 }
 
 // The first word behind the command that is neither an option nor an option's value, when it begins with "-" and stands
-// in front of any "--": a pattern that would be taken for an option, or for a number.
-bool PatternIsDashed(const CLI::App& command, const std::vector<std::string>& arguments) {
+// in front of any "--": a pattern that would be taken for an option, or for a number. Empty when there is none.
+std::string DashedPattern(const CLI::App& command, const std::vector<std::string>& arguments) {
   for (size_t i = 1; i < arguments.size() && arguments[i] != "--"; ++i) {
     const std::string& argument = arguments[i];
     if (argument.size() < 2 || argument[0] != '-') {
-      return false;
+      break;
     }
     const CLI::Option* option = command.get_option_no_throw(argument.substr(0, argument.find('=')));
     if (option == nullptr) {
-      return true;
+      return argument;
     }
     const bool takesNext = option->get_items_expected_max() > 0 && argument.find('=') == std::string::npos;
     i += takesNext ? 1 : 0;
   }
-  return false;
+  return {};
 }
 
 int Run(int argc, const char* const* argv) {
@@ -73,7 +73,7 @@ int Run(int argc, const char* const* argv) {
   findCommand->add_option("--save", find.saveFile, "Also write the results file");
   findCommand->add_option("--save-lexicon", find.saveLexicon, "Also write the words as a lexicon file");
   const CLI::Validator notEmpty([](const std::string& value) { return value.empty() ? "needs a value" : ""; }, "");
-  for (const char* name : {"--lexicon", "--data-dir", "--length", "--save", "--save-lexicon"}) {
+  for (const char* name : {"--lexicon", "--data-dir", "--length", "--save", "--save-lexicon", "--seed"}) {
     findCommand->get_option(name)->check(notEmpty);
   }
 
@@ -87,8 +87,8 @@ int Run(int argc, const char* const* argv) {
   std::string statsLexicon;
   std::string statsDataDir;
   CLI::App* statsCommand = app.add_subcommand("stats", "Print the lexicon's counts by letter and by length");
-  statsCommand->add_option("--lexicon", statsLexicon, "Lexicon file");
-  statsCommand->add_option("--data-dir", statsDataDir, "The program's directory");
+  statsCommand->add_option("--lexicon", statsLexicon, "Lexicon file")->check(notEmpty);
+  statsCommand->add_option("--data-dir", statsDataDir, "The program's directory")->check(notEmpty);
 
   CLI::App* lexiconCommand = app.add_subcommand("lexicon", "Check and make lexicon files");
   lexiconCommand->require_subcommand(1);
@@ -105,8 +105,12 @@ int Run(int argc, const char* const* argv) {
 
   const std::vector<std::string> arguments = SplitEmptyValues(argc, argv);
   for (const CLI::App* command : {findCommand, explainCommand}) {
-    if (!arguments.empty() && arguments.front() == command->get_name() && PatternIsDashed(*command, arguments)) {
-      Complain("a pattern that begins with - stands behind --, as in: quorvane-cli " + command->get_name() + " -- -at");
+    if (arguments.empty() || arguments.front() != command->get_name()) {
+      continue;
+    }
+    if (const std::string dashed = DashedPattern(*command, arguments); !dashed.empty()) {
+      Complain("'" + dashed + "' is no option; a pattern that begins with - stands behind --, after all options: " +
+               "quorvane-cli " + command->get_name() + " [options] -- -at");
       return kFailed;
     }
   }

@@ -187,6 +187,7 @@ TEST_F(CommandLine, FindsEachLineOfStandardInput) {
        "1 word found\nquorvane-cli: ';' allows selection of letter(s) in a word\n1 word found\n"},
       {"printf 'at\\n\\n' | q find -", 2, "at\n", "1 word found\nquorvane-cli: Please enter a word selection.\n"},
       {"printf '' | q find -", 1, "", ""},
+      {"q find - <home", 2, "", "quorvane-cli: can't read standard input: Is a directory\n"},
       {"printf 'c?t\\nx*\\na*\\n' | q find - --count", 0, "2\n0\n3\n", "2 words found\n0 words found\n3 words found\n"},
       {"printf 'tea\\n' | q find - --type exact --length 3", 0, "ate\neat\ntea\n",
        "3 exact-length anagrams found  (of length 3 letters)\n"},
@@ -242,8 +243,8 @@ TEST_F(CommandLine, Json) {
     EXPECT_EQ(Plain(result.out),
               "{`lexicon`: `" + directory_.path() + "/words.lex`, `words`: 14, `load_ms`: T}\n" + lines);
   }
-  EXPECT_EQ(Plain(Run("q find 'a?' --json --lexicon odd.lex").out),
-            "{`lexicon`: `odd.lex`, `words`: 9, `load_ms`: T}\n"
+  EXPECT_EQ(Plain(Run("mv odd.lex 'l\xE9x'; q find 'a?' --json --lexicon 'l\xE9x'").out),
+            "{`lexicon`: `l\u00E9x`, `words`: 9, `load_ms`: T}\n"
             "{`pattern`: `a?`, `prepared`: `a?`, `kind`: 0, `count`: 9, `status`: `9 words found`, `ms`: T, `words`: "
             "[`a\u20AC`, `a\u0081`, `a\u008D`, `a\u008F`, `a\u0090`, `a\u009D`, `a\\``, `a\\\\`, `a\\u0009`]}\n");
 }
@@ -290,6 +291,10 @@ TEST_F(CommandLine, Saves) {
       {"q find at --save home", 2, "at\n", "1 word found\nquorvane-cli: can't write home: Is a directory\n"},
       {"q find at --save /dev/full", 2, "at\n",
        "1 word found\nquorvane-cli: can't write /dev/full: No space left on device\n"},
+      {"q find 'x*' --save-lexicon words.lex", 2, "",
+       "0 words found\nquorvane-cli: no word was found; words.lex was not written\n"},
+      {"q find '~2' --save-lexicon words.lex", 2, "", "...random words can't be saved as a lexicon"},
+      {"q find at --save= --count", 2, "", "...--save: needs a value"},
       {"q find ';' --save out2.txt; ls out2.txt", 2, "", "...No such file"},
   };
   Try(failures);

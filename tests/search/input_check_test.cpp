@@ -132,6 +132,7 @@ TEST(InputCheck, PlainPatterns) {
       {kPasted, "a2b3", "ab", "(2 letters)", ""},
       {kPasted, "a*b*c*d", "a*b*c", "(min. 3 letters)", kThirdAsterisk, "S-PL", 8},
       {kPasted, "a***", "a*", "(min. 1 letter)", kThirdAsterisk, "S-PL", 8},
+      {kPasted, "=21", "", "", kNoTiles, "SAPL", 8},
       {kPasted, "==ab", "", "", kNoTiles, "SAPL", 16},
       {kPasted, "lis?ten", "lis?ten", "(7 letters)", kCancelled, "S-PL", 4, kAnagram},
   };
