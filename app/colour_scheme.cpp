@@ -17,6 +17,8 @@
 namespace quorvane {
 namespace {
 
+constexpr float kDark = 0.4F;  // Backgrounds below this lightness take white ink.
+
 void SetRole(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
   QPalette palette = widget->palette();
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
@@ -54,6 +56,9 @@ void ApplyColour(MainWindow& window, ColourElement element, const std::string& c
     case ColourElement::MainBack:
       SetRole(window.centralWidget(), QPalette::Window, shown);
       SetRole(&window, QPalette::Window, shown);
+      for (QWidget* caption : window.pattern->ModeCaptions()) {
+        SetRole(caption, QPalette::WindowText, shown.lightnessF() < kDark ? Qt::white : Qt::black);
+      }
       break;
     case ColourElement::ResultsBack:
       SetRole(window.results->List(), QPalette::Base, shown);

@@ -34,13 +34,25 @@ constexpr int kListWidth = 280;
 constexpr int kRightColumnWidth = 190;
 constexpr int kGroupSpacing = 8;
 
+// The same palette with each colour set by itself: none is taken over from the widget around.
+QPalette EveryRoleOf(const QPalette& palette) {
+  QPalette own;
+  for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
+      own.setBrush(group, static_cast<QPalette::ColorRole>(role),
+                   palette.brush(group, static_cast<QPalette::ColorRole>(role)));
+    }
+  }
+  return own;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Services& services) : services_(services), commands_(*this, services) {
   setObjectName("Quorvane");
   // The stored colours are made for a light window; what lies outside it follows the desktop.
   setPalette(LightPalette());
-  menuBar()->setPalette(QApplication::palette());
+  menuBar()->setPalette(EveryRoleOf(QApplication::palette()));
   MakePanels();
   LayOut();
   MakeMenus();

@@ -24,10 +24,11 @@ void Commands::ToggleTimer() {
 void Commands::ToggleLog() {
   const bool on = window_.Item("menWriteToLog")->isChecked();
   SaveYesNo(services_.settings, Setting::WriteToLogFile, on);
-  if (on) {
-    services_.log.SwitchOn();
-  } else {
+  if (!on) {
     services_.log.SwitchOff();
+  } else if (const auto error = services_.log.SwitchOn()) {
+    window_.ShowStatus("The Log File could not be written: " + error->Text());
+    return;
   }
   window_.ShowStatus(on ? "The Log File has been activated." : "The Log File has been deactivated.");
 }

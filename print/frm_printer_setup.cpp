@@ -74,7 +74,7 @@ FrmPrinterSetup::FrmPrinterSetup(SettingsStore& settings, EventLog& log, Door& d
   FillLists();
   ShowSettings();
   CheckChoices();
-  if (currentPrinter_ != kNoPrinter && OpenPrinter(currentPrinter_) == nullptr) {
+  if (currentPrinter_ != kNoPrinter && !LayoutOfPrinter(currentPrinter_)) {
     reportErrors_(PrinterErrorText("PFL", kPrinterFailed));
   }
   ShowSample();
@@ -208,8 +208,9 @@ void FrmPrinterSetup::ShowEstimate() {
     lblPageInfo_->setText(FromText(EstimateText(*pages)));
   } else {
     const auto& error = std::get<RunTimeError>(estimate);
-    log_.Write(event::kPrintError,
-               "Page estimate: error " + std::to_string(error.number) + " (" + error.description + ")");
+    const std::string text = "Page estimate: error " + std::to_string(error.number) + " (" + error.description + ")";
+    lblPageInfo_->setText(FromText(text));
+    log_.Write(event::kPrintError, text);
   }
 }
 
@@ -225,7 +226,7 @@ void FrmPrinterSetup::ShowSample() {
 
 void FrmPrinterSetup::PaperChosen() {
   SaveSetting(settings_, Setting::PaperSize, ToText(cbPaperSize_->currentText()));
-  if (currentPrinter_ != kNoPrinter) {
+  if (currentPrinter_ != kNoPrinter && currentPrinter_ != kPdfPrinter) {
     const auto printer = OpenPrinter(currentPrinter_);
     if (printer == nullptr || !printer->setPageLayout(PageLayoutOf(Shown(), printer->pageLayout()))) {
       reportErrors_(PrinterErrorText("PS", kPrinterFailed));

@@ -2,16 +2,15 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
-#include <QFileInfo>
+#include <QBuffer>
 #include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 
 #include "base/file.h"
 #include "base/qt_text.h"
@@ -22,7 +21,9 @@ namespace quorvane {
 namespace {
 
 constexpr int kTwipsPerPoint = 20;
-constexpr int kSubmitTimeout = 30000;  // Milliseconds.
+constexpr int kSubmitSeconds = 30;
+constexpr int kDocumentDotsPerInch = 1200;
+constexpr const char* kDocumentName = "Quorvane";
 constexpr const char* kConfirmTitle = "Quorvane Print";
 constexpr const char* kCancelledTitle = "Print Cancelled";
 constexpr const char* kCancelledText = "Print request cancelled.";
@@ -70,12 +71,12 @@ void HidePrintActions(QDialog& preview) {
 }
 
 // Draws the placed texts; the place prefix of the error that stopped it, or null.
-const char* DrawPages(QPrinter& printer, const std::vector<PlacedText>& pages) {
+const char* DrawPages(QPagedPaintDevice& sheets, const std::vector<PlacedText>& pages) {
   QPainter painter;
-  if (!painter.begin(&printer)) {
+  if (!painter.begin(&sheets)) {
     return "FP";
   }
-  const double scale = printer.resolution() / static_cast<double>(kTwipsPerInch);
+  const double scale = sheets.logicalDpiX() / static_cast<double>(kTwipsPerInch);
   painter.scale(scale, scale);
   painter.setPen(Qt::black);
   int page = 1;
@@ -84,7 +85,7 @@ const char* DrawPages(QPrinter& printer, const std::vector<PlacedText>& pages) {
   for (const PlacedText& placed : pages) {
     if (placed.page != page) {
       page = placed.page;
-      if (!printer.newPage()) {
+      if (!sheets.newPage()) {
         return "NP";
       }
     }
@@ -97,6 +98,24 @@ const char* DrawPages(QPrinter& printer, const std::vector<PlacedText>& pages) {
     painter.drawText(QPointF(placed.x, placed.y + ascent), FromBytes(placed.text));
   }
   return painter.end() ? nullptr : "FP";
+}
+
+struct Document {
+  QByteArray bytes;             // A PDF file.
+  const char* place = nullptr;  // The place prefix of the error that stopped it.
+};
+
+// Made in memory and without asking the printing system, which may be slow to answer.
+Document MakeDocument(const QPageLayout& layout, const PageLayoutInput& input) {
+  Document document;
+  QBuffer buffer(&document.bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setTitle(kDocumentName);
+  writer.setResolution(kDocumentDotsPerInch);
+  writer.setPageLayout(layout);
+  document.place = DrawPages(writer, LayOutPages(input));
+  return document;
 }
 
 }  // namespace
@@ -122,19 +141,26 @@ QSize SheetInTwips(const QPageLayout& layout) {
   return {qRound(points.width() * kTwipsPerPoint), qRound(points.height() * kTwipsPerPoint)};
 }
 
-std::unique_ptr<QPrinter> OpenPrinter(const std::string& name) {
-  std::unique_ptr<QPrinter> printer;
-  if (name == kPdfPrinter) {
-    printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer->setOutputFormat(QPrinter::PdfFormat);
-    printer->setPageSize(QPageSize(QPageSize::Letter));
-  } else {
+std::optional<QPageLayout> LayoutOfPrinter(const std::string& name) {
+  QPageSize size(QPageSize::Letter);
+  if (name != kPdfPrinter) {
     const QPrinterInfo info = QPrinterInfo::printerInfo(FromText(name));
     if (info.isNull()) {
-      return nullptr;
+      return std::nullopt;
     }
-    printer = std::make_unique<QPrinter>(info, QPrinter::HighResolution);
+    size = info.defaultPageSize();
   }
+  QPageLayout layout(size, QPageLayout::Portrait, QMarginsF());
+  layout.setMode(QPageLayout::FullPageMode);
+  return layout;
+}
+
+std::unique_ptr<QPrinter> OpenPrinter(const std::string& name) {
+  const QPrinterInfo info = QPrinterInfo::printerInfo(FromText(name));
+  if (info.isNull()) {
+    return nullptr;
+  }
+  auto printer = std::make_unique<QPrinter>(info, QPrinter::HighResolution);
   printer->setFullPage(true);
   return printer;
 }
@@ -160,15 +186,13 @@ PageLayoutInput Printing::MakeInput(const PrintJob& job, const PrintSettings& se
 
 void Printing::Print(const PrintJob& job, const PrintSite& site) {
   const PrintSettings settings = ReadPrintSettings(settings_);
-  const std::unique_ptr<QPrinter> printer = OpenPrinter(job.printerName);
-  if (printer == nullptr) {
+  const auto own = LayoutOfPrinter(job.printerName);
+  if (!own) {
     site.reportErrors(PrinterErrorText("FP", kPrinterFailed));
     return;
   }
-  printer->setPageLayout(PageLayoutOf(settings, printer->pageLayout()));
-  printer->setFullPage(true);
-  printer->setDocName("Quorvane");
-  const QSize sheet = SheetInTwips(printer->pageLayout());
+  const QPageLayout layout = PageLayoutOf(settings, *own);
+  const QSize sheet = SheetInTwips(layout);
   const auto estimated =
       EstimatePages(static_cast<int64_t>(job.entryCount), sheet.height(), settings.fontSize, settings.columns);
   if (const auto* error = std::get_if<RunTimeError>(&estimated)) {
@@ -177,7 +201,7 @@ void Printing::Print(const PrintJob& job, const PrintSite& site) {
   }
   const PageEstimate estimate = std::get<PageEstimate>(estimated);
   const PageLayoutInput input = MakeInput(job, settings, sheet, estimate);
-  if (!Confirm(*printer, input, site)) {
+  if (!Confirm(layout, input, site)) {
     Cancelled(site);
     return;
   }
@@ -188,10 +212,11 @@ void Printing::Print(const PrintJob& job, const PrintSite& site) {
       Cancelled(site);
       return;
     }
-    printed = DrawToPdf(*printer, input, path, site);
+    printed = WritePdf(layout, input, path, site);
+  } else if (QStandardPaths::findExecutable(kSubmitCommand).isEmpty()) {
+    printed = Draw(job.printerName, layout, input, site);
   } else {
-    printed = QStandardPaths::findExecutable(kSubmitCommand).isEmpty() ? Draw(*printer, input, site)
-                                                                       : Submit(*printer, input, settings, site);
+    printed = Submit(job.printerName, layout, input, settings, site);
   }
   if (!printed) {
     return;
@@ -202,7 +227,7 @@ void Printing::Print(const PrintJob& job, const PrintSite& site) {
   log_.Write(event::kPrint, "Word list was printed - " + std::to_string(estimate.pages) + " page(s)");
 }
 
-bool Printing::Confirm(QPrinter& printer, const PageLayoutInput& input, const PrintSite& site) {
+bool Printing::Confirm(const QPageLayout& layout, const PageLayoutInput& input, const PrintSite& site) {
   Question question;
   question.title = kConfirmTitle;
   question.text = FromText("The print will contain " + PagesText(input.estimate));
@@ -219,10 +244,10 @@ bool Printing::Confirm(QPrinter& printer, const PageLayoutInput& input, const Pr
     }
     const auto pages = LayOutPages(input);
     // A sheet of its own: what is looked at changes nothing of what is printed, and only OK prints.
-    const std::unique_ptr<QPrinter> sheet = OpenPrinter(kPdfPrinter);
-    sheet->setPageLayout(printer.pageLayout());
-    sheet->setFullPage(true);
-    QPrintPreviewDialog preview(sheet.get(), site.parent);
+    QPrinter sheet(QPrinter::HighResolution);
+    sheet.setOutputFormat(QPrinter::PdfFormat);
+    sheet.setPageLayout(layout);
+    QPrintPreviewDialog preview(&sheet, site.parent);
     HidePrintActions(preview);
     preview.setObjectName("printPreview");
     preview.setWindowTitle("Print preview");
@@ -232,70 +257,74 @@ bool Printing::Confirm(QPrinter& printer, const PageLayoutInput& input, const Pr
   }
 }
 
-bool Printing::Draw(QPrinter& printer, const PageLayoutInput& input, const PrintSite& site) {
+bool Printing::Draw(const std::string& name, const QPageLayout& layout, const PageLayoutInput& input,
+                    const PrintSite& site) {
   const Hourglass hourglass;
-  const char* place = DrawPages(printer, LayOutPages(input));
-  if (place != nullptr || printer.printerState() == QPrinter::Error) {
-    site.reportErrors(PrinterErrorText(place != nullptr ? place : "FP", kPrinterFailed));
-    return false;
+  const std::unique_ptr<QPrinter> printer = OpenPrinter(name);
+  const char* place = "FP";
+  if (printer != nullptr) {
+    printer->setPageLayout(layout);
+    printer->setDocName(kDocumentName);
+    place = DrawPages(*printer, LayOutPages(input));
   }
-  return true;
+  if (place == nullptr && printer->printerState() == QPrinter::Error) {
+    place = "FP";
+  }
+  if (place != nullptr) {
+    site.reportErrors(PrinterErrorText(place, kPrinterFailed));
+  }
+  return place == nullptr;
 }
 
-// Draws the pages as a document of their own and hands it to the printing system, which says whether it took it.
-bool Printing::Submit(QPrinter& printer, const PageLayoutInput& input, const PrintSettings& settings,
-                      const PrintSite& site) {
+// Hands the pages as a document to the printing system, which says whether it took it.
+bool Printing::Submit(const std::string& name, const QPageLayout& layout, const PageLayoutInput& input,
+                      const PrintSettings& settings, const PrintSite& site) {
   const Hourglass hourglass;
-  const QTemporaryDir folder;
-  const QString name = printer.printerName();
-  const std::unique_ptr<QPrinter> document = OpenPrinter(kPdfPrinter);
-  document->setPageLayout(printer.pageLayout());
-  document->setFullPage(true);
-  document->setDocName(printer.docName());
-  document->setOutputFileName(folder.filePath("pages.pdf"));
-  if (const char* place = DrawPages(*document, LayOutPages(input))) {
-    site.reportErrors(PrinterErrorText(place, kPrinterFailed));
+  const Document document = MakeDocument(layout, input);
+  if (document.place != nullptr) {
+    site.reportErrors(PrinterErrorText(document.place, kPrinterFailed));
     return false;
   }
-  QStringList arguments{"-d", name, "-t", printer.docName()};
+  QStringList arguments{"-d", FromText(name), "-t", kDocumentName};
   if (PaperOfName(settings.paperName)) {
     arguments << "-o"
               << "media=" + FromText(settings.paperName);
   }
   QProcess command;
-  command.start(kSubmitCommand, arguments << "--" << document->outputFileName());
-  const bool taken = command.waitForFinished(kSubmitTimeout) && command.exitStatus() == QProcess::NormalExit &&
-                     command.exitCode() == 0;
-  if (!taken) {
-    site.reportErrors(PrinterErrorText("FP", kPrinterFailed));
-    site.showStatus("The printing system said: " + command.readAllStandardError().trimmed().toStdString());
-  }
-  return taken;
-}
-
-// The pages go to a file elsewhere first: the chosen one is replaced whole or not at all.
-bool Printing::DrawToPdf(QPrinter& printer, const PageLayoutInput& input, const QString& path, const PrintSite& site) {
-  const Hourglass hourglass;
-  const QTemporaryDir folder;
-  QFile drawn(folder.filePath("pages.pdf"));
-  printer.setOutputFileName(drawn.fileName());
-  if (const char* place = DrawPages(printer, LayOutPages(input))) {
-    site.reportErrors(PrinterErrorText(place, kPrinterFailed));
-    return false;
-  }
-  const QByteArray bytes = drawn.open(QIODevice::ReadOnly) ? drawn.readAll() : QByteArray();
+  command.start(kSubmitCommand, arguments);
+  command.write(document.bytes);
+  command.closeWriteChannel();
   std::string problem;
-  if (!bytes.trimmed().endsWith("%%EOF")) {
-    problem = ToText(drawn.fileName()) + ": the pages are not complete";
-  } else if (const auto error = ReplaceFile(ToText(path), [&bytes](FileWriter& out) {
-               out.Write({bytes.constData(), static_cast<size_t>(bytes.size())});
-             })) {
-    problem = error->Text();
+  if (!command.waitForFinished(kSubmitSeconds * 1000)) {
+    problem = "The printing system did not answer within " + std::to_string(kSubmitSeconds) + " seconds.";
+    command.kill();
+    command.waitForFinished();
+  } else if (command.exitStatus() != QProcess::NormalExit || command.exitCode() != 0) {
+    problem = "The printing system said: " + ToText(command.readAllStandardError().trimmed());
   }
   if (!problem.empty()) {
-    site.reportErrors(PrinterErrorText("FP", kPrinterFailed) + "\r\n" + problem);
+    site.reportErrors(PrinterErrorText("FP", kPrinterFailed));
+    site.showStatus(problem);
   }
   return problem.empty();
+}
+
+bool Printing::WritePdf(const QPageLayout& layout, const PageLayoutInput& input, const QString& path,
+                        const PrintSite& site) {
+  const Hourglass hourglass;
+  const Document document = MakeDocument(layout, input);
+  if (document.place != nullptr) {
+    site.reportErrors(PrinterErrorText(document.place, kPrinterFailed));
+    return false;
+  }
+  const auto error = ReplaceFile(ToText(path), [&document](FileWriter& out) {
+    out.Write({document.bytes.constData(), static_cast<size_t>(document.bytes.size())});
+  });
+  if (error) {
+    site.reportErrors(PrinterErrorText("FP", kPrinterFailed) + "  " + error->Text());
+    site.showStatus(error->Text());
+  }
+  return !error;
 }
 
 void Printing::Cancelled(const PrintSite& site) {

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/door.h"
@@ -27,7 +28,9 @@ QStringList PrinterNames();
 QPageLayout PageLayoutOf(const PrintSettings& settings, const QPageLayout& own);
 // The whole sheet in twips.
 QSize SheetInTwips(const QPageLayout& layout);
-// The printer of that name, set up for whole sheets; null for a name that no printer has.
+// The printer's own paper as a whole sheet; nothing for a name that no printer has.
+std::optional<QPageLayout> LayoutOfPrinter(const std::string& name);
+// One of the desktop's printers, set up for whole sheets; null for a name that none has.
 std::unique_ptr<QPrinter> OpenPrinter(const std::string& name);
 
 struct PrintJob {
@@ -54,10 +57,11 @@ class Printing {
  private:
   PageLayoutInput MakeInput(const PrintJob& job, const PrintSettings& settings, QSize sheet,
                             const PageEstimate& estimate) const;
-  bool Confirm(QPrinter& printer, const PageLayoutInput& input, const PrintSite& site);
-  bool Draw(QPrinter& printer, const PageLayoutInput& input, const PrintSite& site);
-  bool DrawToPdf(QPrinter& printer, const PageLayoutInput& input, const QString& path, const PrintSite& site);
-  bool Submit(QPrinter& printer, const PageLayoutInput& input, const PrintSettings& settings, const PrintSite& site);
+  bool Confirm(const QPageLayout& layout, const PageLayoutInput& input, const PrintSite& site);
+  bool Draw(const std::string& name, const QPageLayout& layout, const PageLayoutInput& input, const PrintSite& site);
+  bool WritePdf(const QPageLayout& layout, const PageLayoutInput& input, const QString& path, const PrintSite& site);
+  bool Submit(const std::string& name, const QPageLayout& layout, const PageLayoutInput& input,
+              const PrintSettings& settings, const PrintSite& site);
   void Cancelled(const PrintSite& site);
 
   SettingsStore& settings_;

@@ -59,8 +59,9 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
                    0, 2);
   modes->addWidget(MakeMode(WordType::AnagramExact, "rbAnagramExact", "Anagra&m", "Return all exact-length anagrams"),
                    0, 3);
-  modes->addWidget(MakeNote("lblAnagall", "All words", this), 1, 2);
-  modes->addWidget(MakeNote("lblAnagexact", "Exact length only", this), 1, 3);
+  modeNotes_ = {MakeNote("lblAnagall", "All words", this), MakeNote("lblAnagexact", "Exact length only", this)};
+  modes->addWidget(modeNotes_[0], 1, 2);
+  modes->addWidget(modeNotes_[1], 1, 3);
   modes->setColumnStretch(4, 1);
   layout->addLayout(modes, 2, 1, 1, 3);
   modes_[WordType::WordList]->setChecked(true);
@@ -81,6 +82,14 @@ QRadioButton* PatternPanel::MakeMode(WordType type, const QString& name, const Q
   modes_[type] = button;
   connect(button, &QRadioButton::clicked, this, [this, type] { emit ModeChosen(type); });
   return button;
+}
+
+QList<QWidget*> PatternPanel::ModeCaptions() const {
+  QList<QWidget*> captions = modeNotes_;
+  for (const auto& [type, button] : modes_) {
+    captions.push_back(button);
+  }
+  return captions;
 }
 
 std::string PatternPanel::Text() const {

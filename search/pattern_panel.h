@@ -32,6 +32,8 @@ class PatternPanel : public QWidget {
   QLabel* LettersLabel() const { return lblNumLetters_; }
   // The labels that follow the main text colour.
   QLabel* Caption() const { return lblInputWord_; }
+  // The captions of the modes, which have no colour of their own and must be readable on any background.
+  QList<QWidget*> ModeCaptions() const;
 
  signals:
   void TextChanged();
@@ -48,6 +50,7 @@ class PatternPanel : public QWidget {
   QPushButton* btnCancel_ = nullptr;
   QLabel* lblNumLetters_ = nullptr;
   std::map<WordType, QRadioButton*> modes_;
+  QList<QWidget*> modeNotes_;
 };
 
 }  // namespace quorvane

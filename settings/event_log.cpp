@@ -51,11 +51,9 @@ std::string LogLine(std::string_view code, std::string_view message, const std::
 EventLog::EventLog(std::string path, LocalClock clock, std::function<void(const FileError&)> onFailure)
     : path_(std::move(path)), clock_(std::move(clock)), onFailure_(std::move(onFailure)) {}
 
-void EventLog::Open() {
+std::optional<FileError> EventLog::Open() {
   file_.reset(std::fopen(path_.c_str(), "ab"));
-  if (file_ == nullptr) {
-    Fail(errno);
-  }
+  return file_ == nullptr ? std::optional(Fail(errno)) : std::nullopt;
 }
 
 std::optional<FileError> EventLog::Reopen() {
@@ -97,9 +95,14 @@ std::optional<FileError> EventLog::Write(std::string_view code, std::string_view
   return Reopen();
 }
 
-void EventLog::SwitchOn() {
+std::optional<FileError> EventLog::SwitchOn() {
   on_ = true;
-  Write(event::kLogActivated, "Logging reactivated");
+  if (!IsOpen()) {
+    if (auto error = Open()) {
+      return error;
+    }
+  }
+  return Write(event::kLogActivated, "Logging reactivated");
 }
 
 void EventLog::SwitchOff() {
@@ -123,9 +126,10 @@ std::optional<FileError> EventLog::Clear() {
   if (error) {
     return FileErrorOfErrno(path_, error.value());
   }
-  Open();
-  Write(event::kNewLog, "New log file started");
-  return std::nullopt;
+  if (auto failure = Open()) {
+    return failure;
+  }
+  return Write(event::kNewLog, "New log file started");
 }
 
 std::string EventLog::ClearCaption() {

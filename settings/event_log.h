@@ -57,7 +57,7 @@ class EventLog {
   EventLog(std::string path, LocalClock clock, std::function<void(const FileError&)> onFailure);
 
   // Opens the file for appending, creating it if it is absent.
-  void Open();
+  std::optional<FileError> Open();
   // The indicator is "Yes" or "No"; without "Yes" no entry is written.
   void SetIndicator(bool on) { on_ = on; }
   bool Indicator() const { return on_; }
@@ -67,7 +67,8 @@ class EventLog {
   // The failure, if it could not be written; nothing while the log is off or could not be opened at all.
   std::optional<FileError> Write(std::string_view code, std::string_view message);
 
-  void SwitchOn();
+  // A log that could not be opened before is tried again.
+  std::optional<FileError> SwitchOn();
   void SwitchOff();
   // Empties the log. A file that can't be deleted is an error; the log then stays closed.
   std::optional<FileError> Clear();

@@ -1,8 +1,12 @@
 // The settings store on QSettings: one file in INI form, one group a section.
 #pragma once
 
+#include <QMap>
+#include <QSet>
 #include <QSettings>
+#include <QVariant>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "base/file.h"
@@ -10,29 +14,36 @@
 
 namespace quorvane {
 
+// Reads with QSettings, and lets QSettings make the bytes of a changed file; the file itself is replaced like every
+// other of the program's: whole or not at all.
 class IniStore : public SettingsStore {
  public:
-  // `onFailure` is called once, when the file can't be written; choices then live in memory until the end.
+  // `onFailure` is called once, when the file can't be read or written; choices then live in memory until it can.
   IniStore(const QString& fileName, std::function<void(const FileError&)> onFailure);
 
   std::string Get(std::string_view application, std::string_view section, std::string_view key,
                   std::string_view defaultValue) const override;
+  bool IsDamaged(std::string_view application, std::string_view section, std::string_view key) const override;
   void Save(std::string_view application, std::string_view section, std::string_view key,
             std::string_view value) override;
   void BeginBatch() override { ++batches_; }
   void EndBatch() override;
   bool Flush() override;
 
-  QString FileName() const { return settings_.fileName(); }
+  QString FileName() const { return file_.fileName(); }
 
  private:
+  QVariant Value(const QString& name) const { return changes_.value(name, file_.value(name)); }
   void Sync();
+  std::optional<FileError> Write();
 
-  QSettings settings_;
+  QSettings file_;                   // The file as it stands; nothing is ever set in it.
+  QMap<QString, QVariant> changes_;  // What is not in the file yet.
+  // The keys that were misread when the program started and were not saved since: the first write loses how they stood.
+  QSet<QString> misread_;
   std::function<void(const FileError&)> onFailure_;
   int batches_ = 0;
-  bool changed_ = false;
-  bool failed_ = false;
+  bool told_ = false;
 };
 
 // The file that QUORVANE_SETTINGS names, or else Quorvane/Quorvane.conf in the user's configuration folder.

@@ -14,6 +14,11 @@ class SettingsStore {
   // The stored text, or `defaultValue` when the key is absent. A key that is present but empty is not absent.
   virtual std::string Get(std::string_view application, std::string_view section, std::string_view key,
                           std::string_view defaultValue) const = 0;
+  // Whether the value is not what whoever wrote it by hand meant: cut, or with characters taken for escapes.
+  virtual bool IsDamaged(std::string_view /*application*/, std::string_view /*section*/,
+                         std::string_view /*key*/) const {
+    return false;
+  }
   // Creates or replaces the value. Nothing is ever deleted. A store that can't be written keeps the value in memory.
   virtual void Save(std::string_view application, std::string_view section, std::string_view key,
                     std::string_view value) = 0;

@@ -116,6 +116,11 @@ const SettingRow& RowOf(Setting setting) {
 
 std::string GetSetting(const SettingsStore& store, Setting setting) {
   const SettingRow& row = RowOf(setting);
+  // Half a path may name another file of the user's.
+  const bool isPath = setting == Setting::LexiconFile || setting == Setting::SaveFileName;
+  if (isPath && store.IsDamaged(kApplicationName, row.section, row.key)) {
+    return std::string(row.defaultValue);
+  }
   return store.Get(kApplicationName, row.section, row.key, row.defaultValue);
 }
 

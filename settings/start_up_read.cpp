@@ -51,14 +51,20 @@ constexpr std::array kOldSteps = {
 };
 
 std::optional<RunTimeError> CreateDummy(const std::string& path, std::string_view line) {
-  const FileHandle file(std::fopen(path.c_str(), "wb"));
-  if (file == nullptr) {
-    // A missing folder on the way is a path, not a file, that was not found.
-    return errno == ENOENT ? MakeRunTimeError(kErrorPathNotFound) : RunTimeErrorOfErrno(errno);
+  const auto error = ReplaceFile(path, [line](FileWriter& out) {
+    out.Write(line);
+    out.Write("\r\n");
+  });
+  if (!error) {
+    return std::nullopt;
   }
-  const bool written = std::fwrite(line.data(), 1, line.size(), file.get()) == line.size() &&
-                       std::fwrite("\r\n", 1, 2, file.get()) == 2 && std::fflush(file.get()) == 0;
-  return written ? std::nullopt : std::optional(RunTimeErrorOfErrno(errno));
+  // A missing folder on the way is a path, not a file, that was not found.
+  return error->error.number == kErrorFileNotFound ? MakeRunTimeError(kErrorPathNotFound) : error->error;
+}
+
+// Old files were written in the code page; a file's name is UTF-8.
+std::string PathOfOldValue(const std::string& value) {
+  return IsUtf8(value) ? value : Utf8FromBytes(value);
 }
 
 std::string AtLeast(const std::string& value, const std::string& minimum) {
@@ -205,7 +211,7 @@ void StartUpRead::ReadOldFile() {
     // A file that could not be read is neither taken over nor deleted.
     return;
   }
-  std::string lexicon = old.LookUp(RowOf(Setting::LexiconFile).key);
+  std::string lexicon = PathOfOldValue(old.LookUp(RowOf(Setting::LexiconFile).key));
   if (lexicon == kNotFound || lexicon.empty()) {
     lexicon = kOldDefaultLexicon;
   }
@@ -217,7 +223,7 @@ void StartUpRead::ReadOldFile() {
     log_.Write(event::kLexiconError, "Lexicon file " + path + " could not be found");
   }
   RetireOldList("PRD RenameFile");
-  std::string saveFile = old.LookUp(RowOf(Setting::SaveFileName).key);
+  std::string saveFile = PathOfOldValue(old.LookUp(RowOf(Setting::SaveFileName).key));
   if (saveFile == kNotFound || saveFile.empty()) {
     saveFile = RowOf(Setting::SaveFileName).defaultValue;
   }

@@ -1,4 +1,6 @@
 // The main window as a person uses it: keys, clicks, menus, and what it says.
+#include <sys/resource.h>
+
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -15,6 +17,7 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <filesystem>
 
 #include "base/qt_text.h"
@@ -452,6 +455,37 @@ TEST_F(MainWindowTest, ASecondStartLeavesTheSettingsFileAsItWas) {
   EXPECT_EQ(ReadFile(dir.File("quorvane.conf")), first);
   EXPECT_TRUE(failures.empty());
   EXPECT_TRUE(door.questions.empty());
+}
+
+TEST_F(MainWindowTest, HalfAPathIsNotUsed) {
+  const std::string notes = dir.Write("notes", "mine");
+  for (const std::string& written : {notes + ";old.txt", std::string("C:\\temp\\new.txt"), notes + "\\x.txt;"}) {
+    dir.Write("quorvane.conf", "[Locations]\nSaveFileName=" + written + "\n");
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Setting("Locations", "SaveFileName"), dir.File("outlist.txt")) << written;
+    Search("c?t");
+    EXPECT_EQ(ReadFile(notes), "mine") << written;
+    Stop();
+  }
+}
+
+TEST_F(MainWindowTest, ASettingsFileThatCannotBeWrittenWholeStaysAsItWas) {
+  ASSERT_TRUE(Start());
+  const std::string before = ReadFile(dir.File("quorvane.conf"));
+  rlimit old{};
+  getrlimit(RLIMIT_FSIZE, &old);
+  const rlimit small{before.size() / 2, old.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  Store("Theirs", "First", "1");
+  Store("Theirs", "Second", "2");
+  setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(failures.size(), 1U);
+  EXPECT_EQ(ReadFile(dir.File("quorvane.conf")), before);
+  EXPECT_EQ(Setting("Theirs", "First"), "1");
+  Store("Theirs", "Third", "3");
+  EXPECT_NE(ReadFile(dir.File("quorvane.conf")).find("[Theirs]\nFirst=1\nSecond=2\nThird=3\n"), std::string::npos);
 }
 
 TEST_F(MainWindowTest, ADirectoryInPlaceOfTheLogIsToldOnce) {

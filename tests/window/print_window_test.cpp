@@ -104,7 +104,7 @@ TEST_F(PrintWindowTest, AFileThatCannotBeWrittenIsReported) {
   const std::string text = door.TakeText();
   EXPECT_NE(text.find("FP/482: Printer error - check connections to your printer"), std::string::npos) << text;
   EXPECT_NE(text.find(dir.File("gone/out.pdf")), std::string::npos) << text;
-  EXPECT_EQ(Status(), "10 words found");
+  EXPECT_EQ(Status(), dir.File("gone/out.pdf") + ": No such file or directory");
   EXPECT_EQ(CountLog("ERROR FP/482: "), 1);
   EXPECT_EQ(CountLog("PRINT "), 0);
 }
