@@ -33,6 +33,13 @@ QStringList Drives() {
   return roots;
 }
 
+QString NearestDirectory(QString path) {
+  while (!QFileInfo(path).isDir() && path != "/") {
+    path = QFileInfo(path).absolutePath();
+  }
+  return path;
+}
+
 }  // namespace
 
 FrmAmend::FrmAmend(Services& services, QWidget* parent) : QDialog(parent), services_(services) {
@@ -55,7 +62,9 @@ FrmAmend::FrmAmend(Services& services, QWidget* parent) : QDialog(parent), servi
   const QFileInfo stored(
       FromText(ResolvePath(services_.programDirectory, SaveFilePath(services_.settings, services_.programDirectory))));
   tbNewFileName_->setText(stored.fileName());
-  ShowDirectory(QDir::cleanPath(stored.absolutePath()));
+  const QString directory = QDir::cleanPath(stored.absolutePath());
+  ShowDirectory(directory);
+  missing_ = QFileInfo(directory).isDir() ? QString() : directory;
   connect(drives_, &QComboBox::activated, this, [this] { ShowDirectory(drives_->currentText()); });
   connect(apply, &QPushButton::clicked, this, &FrmAmend::Apply);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -96,10 +105,7 @@ void FrmAmend::MakeControls(QGridLayout* grid) {
 
 // Shows the drive that holds the directory, with the directory selected; the nearest one there is when it is gone.
 void FrmAmend::ShowDirectory(const QString& directory) {
-  QString shown = directory;
-  while (!QFileInfo(shown).isDir() && shown != "/") {
-    shown = QFileInfo(shown).absolutePath();
-  }
+  const QString shown = NearestDirectory(directory);
   int drive = 0;
   for (int i = 1; i < drives_->count(); ++i) {
     const QString root = drives_->itemText(i);
@@ -121,7 +127,7 @@ QString FrmAmend::Directory() const {
 
 void FrmAmend::Apply() {
   std::string name = ToText(tbNewFileName_->text());
-  if (name.empty()) {
+  if (tbNewFileName_->text().trimmed().isEmpty()) {
     services_.door.Show(this, "Please enter a file name.");
     tbNewFileName_->setFocus();
     return;
@@ -143,6 +149,18 @@ void FrmAmend::Apply() {
     return;
   }
   const std::string path = JoinPath(directory, name);
+  if (QFileInfo(FromText(path)).isDir()) {
+    services_.door.Show(this, path + " is a directory.");
+    tbNewFileName_->setFocus();
+    return;
+  }
+  // The list shows another directory in its place, which nobody has chosen yet.
+  if (!missing_.isEmpty() && !inProgramDirectory && ToText(Directory()) == ToText(NearestDirectory(missing_))) {
+    services_.door.Show(this, "The directory " + ToText(missing_) +
+                                  " does not exist. Choose another one, or Apply again to use " + directory + ".");
+    missing_.clear();
+    return;
+  }
   SaveSetting(services_.settings, Setting::SaveFileName, path);
   services_.log.Write(event::kSaveNameUpdated,
                       "Updated save filename: " + path +

@@ -32,6 +32,7 @@ class FrmAmend : public QDialog {
   QFileSystemModel* model_ = nullptr;
   QLineEdit* tbNewFileName_ = nullptr;
   QCheckBox* cbSaveInAppDir_ = nullptr;
+  QString missing_;  // The stored directory, when it is not there and the user was not told.
 };
 
 }  // namespace quorvane

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "app/colour_scheme.h"
@@ -64,6 +65,9 @@ MainWindow::MainWindow(Services& services) : services_(services), commands_(*thi
 
 MainWindow::~MainWindow() {
   qApp->removeEventFilter(this);
+  if (!session.ended) {
+    End("Application terminated successfully");
+  }
 }
 
 void MainWindow::MakePanels() {
@@ -238,7 +242,7 @@ void MainWindow::ShowInput() {
   Item("menWordTypePalindrome")->setChecked(input.selected == WordType::Palindrome);
   Item("menWordTypeAnagram")->setChecked(input.selected == WordType::Anagram);
   Item("menWordTypeAnagramExact")->setChecked(input.selected == WordType::AnagramExact);
-  Item("menSaveAsLex")->setEnabled(session.saveAsLexiconAllowed && input.saveAsLexicon);
+  UpdateResultCommands();
 }
 
 void MainWindow::UpdateResultCommands() {
@@ -277,12 +281,25 @@ void MainWindow::SetWide(bool wide) {
   }
 }
 
+void MainWindow::ResizeToContents() {
+  // From the inside out: a layout that was not asked yet holds old hints.
+  results->layout()->activate();
+  centralWidget()->layout()->activate();
+  layout()->invalidate();
+  layout()->activate();
+  resize(sizeHint().boundedTo(screen()->availableSize()));
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  End("Application terminated successfully via unload");
+}
+
+void MainWindow::End(const char* entry) {
   if (!session.stopFlag) {
     session.stopFlag = true;
-    services_.log.Write(event::kEnd, "Application terminated successfully via unload");
+    services_.log.Write(event::kEnd, entry);
   }
-  event->accept();
   for (QWidget* other : QApplication::topLevelWidgets()) {
     if (other != this && other->isVisible()) {
       other->close();

@@ -59,6 +59,8 @@ class MainWindow : public QMainWindow {
   // What may be done with the results as they are.
   void UpdateResultCommands();
   void ShowListCaption(ListKind kind, bool wideScrabbleGap);
+  // The size that the contents ask for, as far as the screen goes.
+  void ResizeToContents();
   void SetWide(bool wide);
   QString Title() const;
 
@@ -71,6 +73,8 @@ class MainWindow : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  // The entry, unless a command has written one; closes what is open and shuts the program down.
+  void End(const char* entry);
   void MakePanels();
   void LayOut();
   void MakeMenus();

@@ -1,9 +1,15 @@
 // The entry of the window program.
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <QSocketNotifier>
 #include <algorithm>
+#include <array>
+#include <csignal>
 #include <random>
 #include <string_view>
 
@@ -49,6 +55,26 @@ bool AsksForText(int argc, char** argv) {
   });
 }
 
+// Written to when the process is asked to end; read by the event loop.
+std::array<int, 2> signalPipe{-1, -1};
+
+extern "C" void OnEndSignal(int) {
+  const char byte = 0;
+  [[maybe_unused]] const auto written = write(signalPipe[1], &byte, 1);
+}
+
+// A process that is asked to end (by a logout, by a terminal) leaves like a closed window.
+void CloseOnSignals(MainWindow& window) {
+  if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    return;
+  }
+  auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, &window);
+  QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window] { window.close(); });
+  for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
+    std::signal(number, OnEndSignal);
+  }
+}
+
 void NameProgram() {
   QCoreApplication::setApplicationName("Quorvane");
   QCoreApplication::setApplicationVersion(FromText(VersionText()));
@@ -90,11 +116,12 @@ int Main(const QString& dataDir) {
   };
   MainWindow window(services);
   QObject::connect(qApp, &QApplication::commitDataRequest, &window, [&window] { window.close(); });
+  CloseOnSignals(window);
   window.show();
   if (!StartUp(window, services).Run() || ended) {
     return status;
   }
-  window.adjustSize();
+  window.ResizeToContents();
   return QApplication::exec();
 }
 

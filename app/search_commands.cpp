@@ -71,7 +71,6 @@ void Commands::CheckInput() {
     return;
   }
   window_.ShowInput();
-  window_.UpdateResultCommands();
   for (const std::string& text : messages.logTexts) {
     services_.log.Write(event::kInputError, text);
   }

@@ -56,6 +56,8 @@ void ResultsPanel::SelectionChanged() {
     const auto length = static_cast<int64_t>(results_.Entry(*selected).size());
     lblXofY_->setText(ScreenText(
         PositionText(static_cast<int64_t>(*selected) + 1, length, static_cast<int64_t>(results_.FoundCount()))));
+  } else {
+    ClearPosition();
   }
   emit EntrySelected(selected.has_value());
 }

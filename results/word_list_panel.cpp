@@ -1,8 +1,10 @@
 #include "results/word_list_panel.h"
 
-#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyleOptionFocusRect>
+#include <QToolTip>
 #include <algorithm>
 
 namespace quorvane {
@@ -77,8 +79,9 @@ QModelIndex WordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers)
   if (rows == 0) {
     return {};
   }
-  const bool none = !currentIndex().isValid();
-  int row = none ? 0 : currentIndex().row();
+  // The first key selects the row that has the focus; from there on the keys move.
+  const bool none = !selectionModel()->hasSelection();
+  int row = std::max(currentIndex().row(), 0);
   switch (action) {
     case MoveUp:
     case MovePrevious:
@@ -103,7 +106,32 @@ QModelIndex WordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers)
       row = rows - 1;
       break;
   }
-  return model()->index(std::clamp(row, 0, rows - 1), 0);
+  const QModelIndex target = model()->index(std::clamp(row, 0, rows - 1), 0);
+  if (none && target == currentIndex()) {
+    selectionModel()->select(target, QItemSelectionModel::ClearAndSelect);
+  }
+  return target;
+}
+
+// One word is selected, and stays so until another is: neither a click beside the words nor a modifier changes that.
+QItemSelectionModel::SelectionFlags WordListView::selectionCommand(const QModelIndex& index, const QEvent*) const {
+  return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+QString WordListView::ShownText(const QModelIndex& index) const {
+  return fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, viewport()->width() - kTextIndent);
+}
+
+bool WordListView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    if (index.isValid() && ShownText(index) != index.data().toString()) {
+      QToolTip::showText(help->globalPos(), index.data().toString(), viewport(), visualRect(index));
+      return true;
+    }
+  }
+  return QAbstractItemView::viewportEvent(event);
 }
 
 bool WordListView::isIndexHidden(const QModelIndex&) const {
@@ -137,7 +165,14 @@ void WordListView::paintEvent(QPaintEvent*) {
     }
     painter.setPen(palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text));
     painter.drawText(place.adjusted(kTextIndent, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     index.data().toString());
+                     ShownText(index));
+    if (hasFocus() && index == currentIndex()) {
+      QStyleOptionFocusRect option;
+      option.initFrom(this);
+      option.rect = place;
+      option.backgroundColor = palette().color(group, selected ? QPalette::Highlight : QPalette::Base);
+      style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
   }
 }
 

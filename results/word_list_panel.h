@@ -28,6 +28,8 @@ class WordListView : public QAbstractItemView {
   bool isIndexHidden(const QModelIndex& index) const override;
   void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
   QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+  bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void updateGeometries() override;
@@ -37,6 +39,7 @@ class WordListView : public QAbstractItemView {
   int RowHeight() const;
   int VisibleRows() const;
   int RowCount() const;
+  QString ShownText(const QModelIndex& index) const;
 
   int firstHeight_ = 0;
 };

@@ -389,5 +389,14 @@ TEST(ProgramDirectory, SaysWhatCouldNotBeMade) {
   EXPECT_EQ(settled.problem->Text(), here.root.File("xdg/quorvane") + ": Permission denied");
 }
 
+TEST(Version, Texts) {
+  EXPECT_EQ(VersionText(3, 3, 0), "3.3");
+  EXPECT_EQ(VersionText(3, 0, 12), "3.0.12");
+  EXPECT_EQ(VersionText(), "1.0");
+  EXPECT_EQ(BuildDate("Mar  5 2026"), "05 Mar 2026");
+  EXPECT_EQ(BuildDate("Dec 31 2026"), "31 Dec 2026");
+  EXPECT_EQ(BuildDate().size(), 11u);
+}
+
 }  // namespace
 }  // namespace quorvane::test

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Prints from the real window through a CUPS scheduler of its own and reads back what the scheduler wrote.
 
-Usage: run_cups_test.py PRINT_LIST
+Usage: run_cups_test.py PRINT_LIST [--pictures FOLDER]
 
 The scheduler has its own configuration, spool and state in a temporary folder and listens on the loopback interface
 only; its queue has no device, so that each document stays in the spool as the printer would get it. Where it can't
@@ -10,6 +10,7 @@ run, the test says why and ends with 77.
 
 import getpass
 import json
+import math
 import os
 import pathlib
 import re
@@ -21,10 +22,12 @@ import sys
 import tempfile
 import time
 import unittest
+import xml.etree.ElementTree
 
 SKIPPED = 77
 TIME_LIMIT = 240  # Seconds for everything.
 WAIT_LIMIT = 30  # Seconds for the scheduler to come up or to finish a job.
+POINTS = 72  # To the inch.
 os.environ["PATH"] += ":/usr/sbin:/sbin"
 TOOLS = {
     "cupsd": "cups-daemon",
@@ -32,6 +35,7 @@ TOOLS = {
     "lpstat": "cups-client",
     "cupsreject": "cups-client",
     "pdftotext": "poppler-utils",
+    "pdftoppm": "poppler-utils",
     "pdfinfo": "poppler-utils",
     "pdffonts": "poppler-utils",
 }
@@ -45,6 +49,7 @@ OTHER_WORDS = ["zebra", "zip", "zoo"]  # In the lexicon, not in the printed list
 PATTERN = "#*"
 
 program_path = None
+pictures_folder = None
 
 
 def run(*command, **more):
@@ -57,6 +62,10 @@ def wait_until(condition):
     while not (answer := condition()) and time.monotonic() < end:
         time.sleep(0.05)
     return answer
+
+
+def nearest(value):
+    return round(value)  # Ties to even.
 
 
 class Scheduler:
@@ -201,6 +210,61 @@ class Program:
         return (self.folder / "quorvane.log").read_text(encoding="latin-1")
 
 
+class Sheet:
+    """What the settings must give, by the rules of the estimate."""
+
+    def __init__(self, width, height, columns, font_size):
+        self.width = width  # In points, as the height.
+        self.height = height
+        self.columns = columns
+        self.usable = height / POINTS - 1
+        self.line = font_size / 56 * POINTS
+        self.per_page = nearest(56 / font_size * (self.usable - 0.75) + 0.5) * columns
+        self.pages = nearest(abs(len(WORDS) / self.per_page + 0.4999))
+        # A column is full when the next line would begin at the usable height or below it.
+        self.rows = math.ceil((self.usable - 0.75) * 56 / font_size)
+        self.top = 0.75 * POINTS
+        self.lefts = [5 + column * width / columns for column in range(columns)]
+
+    def pages_text(self):
+        return f"{self.pages} page(s), with up to {self.per_page} words per page."
+
+    def columns_of_words(self):
+        """Page by page, column by column."""
+        columns = [WORDS[start:start + self.rows] for start in range(0, len(WORDS), self.rows)]
+        return [columns[start:start + self.columns] for start in range(0, len(columns), self.columns)]
+
+
+class Box:
+    def __init__(self, element):
+        self.text = element.text
+        self.left, self.top, self.right, self.bottom = (float(element.get(name))
+                                                        for name in ("xMin", "yMin", "xMax", "yMax"))
+
+
+def boxes_of(pdf):
+    """Page by page, the words with their places in points."""
+    tree = xml.etree.ElementTree.fromstring(run("pdftotext", "-bbox", pdf, "-"))
+    space = "{http://www.w3.org/1999/xhtml}"
+    return [[Box(word) for word in page.iter(space + "word")] for page in tree.iter(space + "page")]
+
+
+class Picture:
+    """A page in grey, read from a binary PGM file."""
+
+    def __init__(self, path):
+        kind, width, height, white, self.bytes = path.read_bytes().split(maxsplit=4)
+        assert kind == b"P5" and white == b"255", path
+        self.width, self.height = int(width), int(height)
+        # Splitting may not take leading white space off the pixels.
+        self.bytes = path.read_bytes()[-self.width * self.height:]
+
+    def darkest(self, left, top, right, bottom):
+        rows = range(max(0, int(top)), min(self.height, math.ceil(bottom)))
+        return min((min(self.bytes[row * self.width + int(left):row * self.width + math.ceil(right)], default=255)
+                    for row in rows), default=255)
+
+
 class PrintingThroughCups(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="print_cups_"))
@@ -223,37 +287,106 @@ class PrintingThroughCups(unittest.TestCase):
         self.assertTrue(found["canPrint"])
         return program
 
-    def print_list(self, size, pages, per_page, **settings):
-        """Prints and reads every page back from the spool; its PDF file."""
-        program = self.start(**settings)
-        text = f"{pages} page(s), with up to {per_page} words per page."
+    def print_list(self, program, sheet):
+        """The printed pages as a PDF file."""
         asked = program.tell("print")
-        self.assertEqual(asked, {"event": "asked", "title": "Quorvane Print", "text": "The print will contain " + text})
+        self.assertEqual(asked, {"event": "asked", "title": "Quorvane Print",
+                                 "text": "The print will contain " + sheet.pages_text()})
         self.assertEqual(self.scheduler.jobs("all"), [], "printed before the answer")
         done = program.tell("ok")
-        self.assertEqual(done["status"],
-                         f"The print contained {text}   {len(WORDS)} words were printed matching '{PATTERN}'.")
+        self.assertEqual(done["event"], "done", done)
+        self.assertEqual(done["status"], f"The print contained {sheet.pages_text()}   {len(WORDS)} words were printed "
+                                         f"matching '{PATTERN}'.")
         self.assertTrue(wait_until(lambda: self.scheduler.jobs("completed")), "the job was not completed")
         self.assertEqual(len(self.scheduler.jobs("all")), 1)
         self.assertEqual(program.quit(), 0)
-        self.assertRegex(program.log(), rf"PRINT .*Word list was printed - {pages} page\(s\)")
+        self.assertRegex(program.log(), rf"PRINT .*Word list was printed - {sheet.pages} page\(s\)")
+        return self.scheduler.document(1)
+
+    def check_pages(self, pdf, sheet, today):
+        facts = dict(line.split(":", 1) for line in run("pdfinfo", pdf).splitlines())
+        self.assertEqual(int(facts["Pages"]), sheet.pages)
+        size = re.match(r"\s*([\d.]+) x ([\d.]+) pts", facts["Page size"])
+        self.assertAlmostEqual(float(size[1]), sheet.width, delta=1)
+        self.assertAlmostEqual(float(size[2]), sheet.height, delta=1)
+        self.check_lines(pdf, sheet, today)
+        pages = boxes_of(pdf)
+        self.assertEqual(len(pages), sheet.pages)
+        for number, (page, columns) in enumerate(zip(pages, sheet.columns_of_words()), 1):
+            with self.subTest(page=number):
+                self.check_places(page, columns, sheet)
+        self.check_ink(pdf, pages, sheet)
+
+    def check_lines(self, pdf, sheet, today):
+        """The text read line by line, across the columns."""
+        pages = run("pdftotext", "-layout", pdf, "-").split("\f")
+        self.assertEqual(pages.pop(), "")
+        self.assertEqual(len(pages), sheet.pages)
+        for number, (page, columns) in enumerate(zip(pages, sheet.columns_of_words()), 1):
+            with self.subTest(page=number):
+                title, legend, *rows, footer = [line.split() for line in page.splitlines() if line.strip()]
+                self.assertEqual(" ".join(title), f'{len(WORDS)} words found matching the word pattern "{PATTERN}"')
+                self.assertEqual(" ".join(legend), f"# : any of [{LEGEND_LETTERS}]")
+                across = [[column[row] for column in columns if row < len(column)] for row in range(len(columns[0]))]
+                self.assertEqual(rows, across)
+                printed_on = re.fullmatch(r"Printed on (\d+ \w+ \d+) at \d\d:\d\d Page (\d+) of (\d+)",
+                                          " ".join(footer))
+                self.assertTrue(printed_on, footer)
+                self.assertIn(printed_on[1], today)
+                self.assertEqual((int(printed_on[2]), int(printed_on[3])), (number, sheet.pages))
+
+    def check_places(self, page, columns, sheet):
+        """Every word once, in its column and line, in the order of the list; all of it on the sheet."""
+        for box in page:
+            self.assertGreaterEqual(box.left, 0, box.text)
+            self.assertLessEqual(box.right, sheet.width, box.text)
+            self.assertGreaterEqual(box.top, 0, box.text)
+            self.assertLessEqual(box.bottom, sheet.height, box.text)
+        body = [box for box in page if sheet.top - 5 < box.top < sheet.usable * POINTS + 5]
+        read = [[] for _ in sheet.lefts]
+        for box in sorted(body, key=lambda box: box.top):
+            column = max(i for i, left in enumerate(sheet.lefts) if box.left > left - 1)
+            read[column].append(box)
+            self.assertAlmostEqual(box.left, sheet.lefts[column], delta=2, msg=box.text)
+            self.assertLess(box.right, (*sheet.lefts, sheet.width)[column + 1], box.text)
+        self.assertEqual([[box.text for box in column] for column in read if column], columns)
+        first = min(box.top for box in body)
+        self.assertAlmostEqual(first, sheet.top, delta=4)
+        for column in read:
+            for row, box in enumerate(column):
+                self.assertAlmostEqual(box.top, first + row * sheet.line, delta=0.6, msg=box.text)
+
+    def check_ink(self, pdf, pages, sheet):
+        """Drawn pages: ink where the words are and none between the columns."""
+        for line in run("pdffonts", pdf).splitlines()[2:]:
+            self.assertEqual(line.split()[-5], "yes", f"not embedded: {line}")
+        dots = 144
+        run("pdftoppm", "-gray", "-r", str(dots), pdf, self.folder / "page")
+        pictures = sorted(self.folder.glob("page-*.pgm"))
+        self.assertEqual(len(pictures), len(pages))
+        scale = dots / POINTS
+        for path, page in zip(pictures, pages):
+            picture = Picture(path)
+            self.assertAlmostEqual(picture.width, sheet.width * scale, delta=2)
+            self.assertAlmostEqual(picture.height, sheet.height * scale, delta=2)
+            for box in page:
+                self.assertLess(picture.darkest(box.left * scale, box.top * scale, box.right * scale,
+                                                box.bottom * scale), 128, f"{box.text} can't be seen")
+            # A slanted letter may reach a little to the left of where it stands.
+            for left in sheet.lefts:
+                gap = picture.darkest((left - 5) * scale, (sheet.top - 2) * scale, (left - 2) * scale,
+                                      sheet.usable * POINTS * scale)
+                self.assertEqual(gap, 255, f"ink left of the column at {left}")
+
+    def print_and_check(self, sheet, **settings):
+        program = self.start(**settings)
+        today = [time.strftime("%-d %b %Y")]
+        pdf = self.print_list(program, sheet)
+        today.append(time.strftime("%-d %b %Y"))
+        self.check_pages(pdf, sheet, today)
         title, options = self.scheduler.job_facts(1)
         self.assertEqual(title, "Quorvane")
         self.assertIn("media=" + settings["PaperSize"], options.split())
-
-        pdf = self.scheduler.document(1)
-        facts = dict(line.split(":", 1) for line in run("pdfinfo", pdf).splitlines())
-        self.assertEqual(int(facts["Pages"]), pages)
-        self.assertEqual([round(float(side)) for side in re.findall(r"[\d.]+", facts["Page size"])[:2]], size)
-        for line in run("pdffonts", pdf).splitlines()[2:]:
-            self.assertEqual(line.split()[-5], "yes", f"not embedded: {line}")
-        words = []
-        for number, page in enumerate(run("pdftotext", pdf, "-").split("\f")[:-1], 1):
-            self.assertIn(f'{len(WORDS)} words found matching the word pattern "{PATTERN}"', page)
-            self.assertIn(f"Page {number} of {pages}", page)
-            self.assertIn(f"[{LEGEND_LETTERS}]", page)
-            words += [line for line in page.splitlines() if line in WORDS]
-        self.assertEqual(words, WORDS, "every word once, column by column")
         return pdf
 
     def check_refused(self, program, event):
@@ -271,12 +404,28 @@ class PrintingThroughCups(unittest.TestCase):
         self.assertNotIn("Word list was printed", program.log())
 
     def test_three_columns_on_letter(self):
-        self.print_list([612, 792], 3, 132, PrinterColumns="3", FontSize="12", PaperSize="Letter")
+        sheet = Sheet(612, 792, 3, 12)
+        self.assertEqual((sheet.per_page, sheet.pages), (132, 3))
+        pdf = self.print_and_check(sheet, PrinterColumns="3", FontSize="12", PaperSize="Letter")
+        if pictures_folder:
+            for page in ("1", "2"):
+                run("pdftoppm", "-png", "-r", "60", "-f", page, "-l", page, "-singlefile", pdf,
+                    os.path.join(pictures_folder, f"printed_page_{page}"))
 
     def test_two_columns_in_italics_on_a4_across(self):
-        pdf = self.print_list([842, 595], 4, 74, PrinterColumns="2", FontSize="10", PaperSize="A4",
-                              PrinterOrientation="Landscape", Italic="Yes")
+        pdf = self.print_and_check(Sheet(842, 595, 2, 10), PrinterColumns="2", FontSize="10", PaperSize="A4",
+                                   PrinterOrientation="Landscape", Italic="Yes")
         self.assertRegex(run("pdffonts", pdf), "Italic|Oblique")
+
+    def test_eight_columns_on_legal_in_one_page(self):
+        sheet = Sheet(612, 1008, 8, 6)
+        self.assertEqual(sheet.pages, 1)
+        self.print_and_check(sheet, PrinterColumns="8", FontSize="6", PaperSize="Legal")
+
+    def test_list_that_fills_its_last_page(self):
+        sheet = Sheet(612, 792, 2, 15)
+        self.assertEqual(len(WORDS), sheet.per_page * sheet.pages)
+        self.print_and_check(sheet, PrinterColumns="2", FontSize="15", PaperSize="Letter")
 
     def test_cancelled(self):
         program = self.start()
@@ -310,8 +459,10 @@ def time_is_up(_signal, _frame):
 
 
 def main():
-    global program_path
+    global program_path, pictures_folder
     program_path = os.path.abspath(sys.argv[1])
+    if sys.argv[2:3] == ["--pictures"]:
+        pictures_folder = sys.argv[3]
     missing = sorted({package for tool, package in TOOLS.items() if not shutil.which(tool)})
     if missing:
         print("SKIPPED: not installed: " + ", ".join(missing))

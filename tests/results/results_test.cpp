@@ -272,6 +272,29 @@ TEST(ResultsFile, ManyWordsMakeALexiconAgain) {
   }
 }
 
+TEST(ResultsFile, WhatCanNotBeWrittenIsSaid) {
+  const TemporaryDirectory directory;
+  ResultList list;
+  Fill(list, Load({"ab"}), {1}, false);
+  const ResultsFileHeader header{1, "word", "a*", {}};
+  const struct {
+    std::string path;
+    int number;
+    const char* reason;
+  } cases[] = {{"/dev/full", 61, "No space left on device"},
+               {directory.path(), 75, "Is a directory"},
+               {directory.File("none/out.txt"), 53, "No such file or directory"}};
+  for (const auto& [path, number, reason] : cases) {
+    for (const auto& error :
+         {WriteResultsFile(path, header, list.FoundWords()), WriteResultsAsLexicon(path, list.FoundWords())}) {
+      ASSERT_TRUE(error) << path;
+      EXPECT_EQ(error->error.number, number);
+      EXPECT_EQ(error->Text(), path + ": " + reason);
+    }
+  }
+  EXPECT_EQ(list.FoundCount(), 1u);
+}
+
 TEST(Statistics, Counts) {
   const auto lexicon = Load({"ab", "Abc", "b", "m", "mm", std::string(25, 'm'), std::string(26, 'm'),
                              std::string(60, 'm'), std::string(61, 'm'), std::string(90, 'm'), "z", "[z", "_"});

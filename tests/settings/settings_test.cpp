@@ -6,6 +6,7 @@
 #include "settings/colours.h"
 #include "settings/event_log.h"
 #include "settings/old_ini_file.h"
+#include "settings/printer_errors.h"
 #include "settings/settings_table.h"
 #include "settings/stop_watch.h"
 #include "tests/support/temporary_directory.h"
@@ -54,6 +55,21 @@ TEST(Colours, CustomColoursAreBlueGreenRed) {
   EXPECT_EQ((std::array{rgb.red, rgb.green, rgb.blue}), (std::array{255, 128, 10}));
   EXPECT_EQ(CustomColourText(rgb), "0A80FF");
   EXPECT_EQ(ColourText(*ParseColour("&H000a80ff")), "&H000A80FF");
+}
+
+TEST(PrinterErrors, OneFamilyOfTexts) {
+  EXPECT_EQ(
+      PrinterErrorText("FP", 482),
+      "FP/482: Printer error - check connections to your printer and that it can cope with this kind of printing.");
+  EXPECT_EQ(
+      PrinterErrorText("PS", 482),
+      "PS/482: Printer error - check connections to your printer and that it can cope with this kind of printing, "
+      "or that a printer has been defined - will ignore.");
+  EXPECT_EQ(PrinterErrorText("PFL", 482),
+            "PFL/482: Printer error - check connections to your printer and that it can cope with this kind of "
+            "printing. - will ignore.");
+  EXPECT_EQ(PrinterErrorText("PS", 481), "PS/481: Invalid printer picture.");
+  EXPECT_TRUE(PrinterErrorText("RS", 486).ends_with("perhaps an upgrade is needed."));
 }
 
 class OldIni : public testing::Test {

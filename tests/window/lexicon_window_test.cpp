@@ -280,11 +280,27 @@ TEST_F(AmendTest, RefusalsAndCancelStoreNothing) {
     ClickOn(In(dialog, "ApplyModify"));
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(door.questions.size(), 2U);
+    Name(dialog, "..");
+    ClickOn(In(dialog, "ApplyModify"));
+    EXPECT_EQ(ToText(door.questions.back().text), dir.File("gone") + "/.. is a directory.");
     Name(dialog, "other");
     ClickOn(In(dialog, "CancelModify"));
   });
   EXPECT_EQ(Setting("Locations", "SaveFileName"), dir.File("gone/x.txt"));
   EXPECT_EQ(NewLog(), Texts{});
+}
+
+TEST_F(AmendTest, ADirectoryThatIsGoneIsNamed) {
+  ASSERT_TRUE(Start());
+  Store("Locations", "SaveFileName", dir.File("gone/deep/mine.txt"));
+  Amend([this](QDialog& dialog) {
+    ClickOn(In(dialog, "ApplyModify"));
+    EXPECT_TRUE(door.TakeText().starts_with("The directory " + dir.File("gone/deep") + " does not exist."));
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(Setting("Locations", "SaveFileName"), dir.File("gone/deep/mine.txt"));
+    ClickOn(In(dialog, "ApplyModify"));
+  });
+  EXPECT_EQ(Setting("Locations", "SaveFileName"), dir.File("mine.txt"));
 }
 
 }  // namespace

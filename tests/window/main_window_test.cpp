@@ -74,6 +74,12 @@ TEST_F(MainWindowTest, AFirstStartIsReadyAndWritesItsDiaryInOrder) {
   EXPECT_TRUE(failures.empty());
 }
 
+TEST_F(MainWindowTest, OneWordIsCountedInTheSingular) {
+  dir.Write("words.lex", "cat\r\n");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(CountLog("WORDCT 1 word defined in lexicon file 'words.lex'"), 1);
+}
+
 // Wherever the focus is, a list box that has keys of its own included.
 TEST_F(MainWindowTest, FunctionKeysOpenTheirWindows) {
   dir.Write("Quorvane.hlp", "<p>Help</p>");

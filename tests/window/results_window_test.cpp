@@ -121,6 +121,44 @@ TEST_F(ResultsWindowTest, AnEntryIsDescribedCopiedAndTheListCleared) {
   EXPECT_EQ(Status(), "0 words found");
 }
 
+TEST_F(ResultsWindowTest, TheListIsWalkedWithTheKeys) {
+  ASSERT_TRUE(Start());
+  auto* list = Find<QAbstractItemView>("lbWordList");
+  for (const char* pattern : {"*a*", "zoo"}) {
+    Search(pattern);
+    list->setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(Find("cmdWebLink")->isEnabled());
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_TRUE(Text("lblXofY").starts_with("Word # 1\n")) << pattern;
+    EXPECT_TRUE(Find("cmdWebLink")->isEnabled()) << pattern;
+  }
+  // The selected word stays selected whatever is clicked beside it.
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, QPoint(5, list->viewport()->height() - 2));
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, QPoint(5, 2));
+  EXPECT_TRUE(Text("lblXofY").starts_with("Word # 1\n"));
+  EXPECT_TRUE(Find("cmdWebLink")->isEnabled());
+}
+
+TEST_F(ResultsWindowTest, AnEmptyResultIsNoLexiconInAnyMode) {
+  ASSERT_TRUE(Start());
+  Search("zzqq");
+  for (const Qt::Key mode : {Qt::Key_F10, Qt::Key_F11, Qt::Key_F9}) {
+    Key(mode);
+    EXPECT_FALSE(Item("menSaveAsLex")->isEnabled());
+  }
+}
+
+TEST_F(ResultsWindowTest, LiteratiMakesTheListHigh) {
+  int heights[2];
+  for (const int literati : {0, 1}) {
+    Store("Options", "Literati", literati == 1 ? "Yes" : "No");
+    ASSERT_TRUE(Start());
+    heights[literati] = Find("lbWordList")->height();
+    Stop();
+  }
+  EXPECT_GT(heights[1], heights[0] + 150);  // As far as the screen goes.
+}
+
 TEST_F(ResultsWindowTest, TheTimerShowsHundredths) {
   ASSERT_TRUE(Start());
   Search("c?t");
@@ -312,6 +350,21 @@ TEST_F(ResultsWindowTest, EveryWayOutEndsTheDiaryOnce) {
     EXPECT_EQ(exits, std::vector<int>{0}) << row.name;
     EXPECT_FALSE(log->IsOpen());
   }
+}
+
+TEST_F(ResultsWindowTest, AWindowThatIsDestroyedEndsTheDiaryToo) {
+  ASSERT_TRUE(Start());
+  NewLog();
+  window.reset();
+  EXPECT_EQ(NewLog(), (Texts{"END Application terminated successfully", "SHUTDOWN Closing application"}));
+}
+
+TEST_F(ResultsWindowTest, ALogThatFailsWhileClosingIsToldAndTheProgramEnds) {
+  std::filesystem::create_symlink("/dev/full", dir.File("quorvane.log"));
+  ASSERT_TRUE(Start());
+  window->close();
+  EXPECT_EQ(door.TakeText(), "Error 61 while closing flag file - termination in progress");
+  EXPECT_EQ(exits, std::vector<int>{0});
 }
 
 TEST_F(ResultsWindowTest, AFailedScanSaysWhereItFailed) {

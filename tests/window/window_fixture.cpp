@@ -106,7 +106,7 @@ bool WindowTest::Start() {
   window = std::make_unique<MainWindow>(*services);
   window->show();
   const bool ready = StartUp(*window, *services).Run();
-  window->adjustSize();
+  window->ResizeToContents();
   window->activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   return ready;
