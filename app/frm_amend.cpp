@@ -88,9 +88,18 @@ void FrmAmend::MakeControls(QGridLayout* grid) {
   model_->setRootPath("/");
   directories_->setModel(model_);
   directories_->setHeaderHidden(true);
-  // Directories are read as they are needed: each one read may move the selected one out of sight.
-  connect(model_, &QFileSystemModel::directoryLoaded, this,
-          [this] { directories_->scrollTo(directories_->currentIndex(), QAbstractItemView::PositionAtCenter); });
+  // Directories are read and sorted as they are needed, which may move the selected one out of sight; once the user has
+  // begun to look around nothing moves by itself.
+  const auto keepInSight = [this] {
+    if (!touched_) {
+      directories_->scrollTo(directories_->currentIndex(), QAbstractItemView::PositionAtCenter);
+    }
+  };
+  const auto touch = [this] { touched_ = true; };
+  connect(model_, &QFileSystemModel::directoryLoaded, this, keepInSight);
+  connect(model_, &QFileSystemModel::layoutChanged, this, keepInSight, Qt::QueuedConnection);
+  connect(directories_, &QTreeView::pressed, this, touch);
+  connect(directories_, &QTreeView::collapsed, this, touch);
   for (int column = 1; column < model_->columnCount(); ++column) {
     directories_->hideColumn(column);
   }

@@ -32,7 +32,8 @@ class FrmAmend : public QDialog {
   QFileSystemModel* model_ = nullptr;
   QLineEdit* tbNewFileName_ = nullptr;
   QCheckBox* cbSaveInAppDir_ = nullptr;
-  QString missing_;  // The stored directory, when it is not there and the user was not told.
+  bool touched_ = false;  // The user has begun to look around in the list of directories.
+  QString missing_;       // The stored directory, when it is not there and the user was not told.
 };
 
 }  // namespace quorvane

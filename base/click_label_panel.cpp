@@ -83,8 +83,10 @@ void ReadableLabel::paintEvent(QPaintEvent* event) {
   const QColor ground = palette().color(QPalette::Window);
   if (!text().isEmpty() && Contrast(ink, ground) < kLeastContrast) {
     QPainter painter(this);
-    const QRect plate = fontMetrics().boundingRect(contentsRect(), static_cast<int>(alignment()), text());
-    painter.fillRect(plate.adjusted(-3, 0, 3, 0).intersected(rect()), kPlate);
+    // The label's indent is kept at the edges that the text is aligned to.
+    const QRect area = contentsRect().adjusted(indent(), (alignment() & Qt::AlignTop) != 0 ? indent() : 0, 0, 0);
+    const QRect plate = fontMetrics().boundingRect(area, static_cast<int>(alignment()), text());
+    painter.fillRect(plate.adjusted(-3, -1, 3, 1).intersected(rect()), kPlate);
   }
   QLabel::paintEvent(event);
 }

@@ -24,6 +24,24 @@
 namespace quorvane {
 namespace {
 
+// A directory as a user's may be, which the list of directories shows: the program's among others.
+class Home {
+ public:
+  Home() {
+    for (const char* name :
+         {"Desktop",     "Documents", "Downloads", "Games",      "Languages", "Letters", "Music",   "Pictures",
+          "Projects",    "Puzzles",   "quorvane",  "Recipes",    "School",    "Scores",  "Stories", "Travel",
+          "Tournaments", "Videos",    "Walks",     "Wallpapers", "Work",      "Writing"}) {
+      QDir(root_.path()).mkdir(name);
+    }
+  }
+  QString path() const { return root_.filePath("quorvane"); }
+  QString filePath(const QString& name) const { return QDir(path()).filePath(name); }
+
+ private:
+  QTemporaryDir root_;
+};
+
 // Saves a picture of every modal window that opens, and answers it.
 class PictureDoor : public ScreenDoor {
  public:
@@ -50,7 +68,7 @@ class PictureDoor : public ScreenDoor {
   void Plan(const QString& name) {
     const QString used = next_.isEmpty() ? name : next_;
     next_.clear();
-    QTimer::singleShot(80, qApp, [this, used] {
+    QTimer::singleShot(200, qApp, [this, used] {
       QWidget* modal = QApplication::activeModalWidget();
       Save(*modal, used);
       static_cast<QDialog*>(modal)->reject();
@@ -88,7 +106,7 @@ class Studio {
   void Draw() {
     window_->show();
     StartUp(*window_, services_).Run();
-    window_->adjustSize();
+    window_->ResizeToContents();
     Save("start");
     Search("*ell*");
     window_->results->List()->setCurrentIndex(window_->results->List()->model()->index(3, 0));
@@ -161,7 +179,7 @@ class Studio {
     Save("reset_colours");
   }
 
-  QTemporaryDir folder_;
+  Home folder_;
   PictureDoor door_;
   IniStore settings_;
   EventLog log_;
