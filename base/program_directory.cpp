@@ -1,5 +1,8 @@
 #include "base/program_directory.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 
@@ -25,13 +28,23 @@ FileError ErrorOf(const std::string& path, const std::error_code& code) {
   return {RunTimeErrorOfErrno(code.value()), path, code.message()};
 }
 
+// A service or a bare shell may have no HOME: the user's entry in the system's list has it, too.
+std::string HomeDirectory() {
+  std::string home = Environment("HOME");
+  if (home.empty()) {
+    const passwd* user = getpwuid(getuid());
+    home = user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
+  }
+  return home;
+}
+
 }  // namespace
 
 ProgramDirectoryInput ProgramDirectoryInputOfProcess(const std::string& dataDir) {
   std::error_code error;
   const fs::path executable = fs::read_symlink("/proc/self/exe", error);
   return {dataDir, Environment("QUORVANE_DIR"), executable.parent_path().string(), Environment("XDG_DATA_HOME"),
-          Environment("HOME")};
+          HomeDirectory()};
 }
 
 ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
