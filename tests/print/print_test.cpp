@@ -2,12 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <map>
 #include <set>
 
 #include "print/page_estimate.h"
 #include "print/page_layout.h"
 #include "print/print_settings.h"
+#include "tests/support/map_store.h"
 
 namespace quorvane::test {
 namespace {
@@ -215,19 +215,6 @@ TEST(PageLayout, TitleLegendAndFooterOfEveryPage) {
   EXPECT_EQ(header[1].y, 14400 + 400);
   EXPECT_EQ(header[2].y, 14400 + 400);
 }
-
-class MapStore : public SettingsStore {
- public:
-  std::string Get(std::string_view, std::string_view section, std::string_view key,
-                  std::string_view otherwise) const override {
-    const auto found = values.find(std::string(section) + "/" + std::string(key));
-    return found == values.end() ? std::string(otherwise) : found->second;
-  }
-  void Save(std::string_view, std::string_view section, std::string_view key, std::string_view value) override {
-    values[std::string(section) + "/" + std::string(key)] = value;
-  }
-  std::map<std::string, std::string> values;
-};
 
 TEST(PrintSettings, ReadForPrintingAndForTheSetup) {
   struct Row {

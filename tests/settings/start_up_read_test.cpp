@@ -7,25 +7,11 @@
 #include <sstream>
 
 #include "settings/start_up_read.h"
+#include "tests/support/map_store.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvane::test {
 namespace {
-
-using Values = std::map<std::string, std::string>;
-
-class MapStore : public SettingsStore {
- public:
-  std::string Get(std::string_view, std::string_view section, std::string_view key,
-                  std::string_view otherwise) const override {
-    const auto found = values.find(std::string(section) + "/" + std::string(key));
-    return found == values.end() ? std::string(otherwise) : found->second;
-  }
-  void Save(std::string_view, std::string_view section, std::string_view key, std::string_view value) override {
-    values[std::string(section) + "/" + std::string(key)] = value;
-  }
-  Values values;
-};
 
 class StartUpReadTest : public testing::Test, public StartUpSite {
  protected:
