@@ -3,10 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QStandardPaths>
 #include <QStringList>
 #include <QTemporaryDir>
-#include <algorithm>
+#include <QUrl>
 #include <cerrno>
 #include <cstdio>
 #include <sstream>
@@ -15,6 +16,8 @@
 
 namespace quorvane {
 namespace {
+
+constexpr int kLockMilliseconds = 500;
 
 QString KeyOf(std::string_view application, std::string_view section, std::string_view key) {
   const QString path = FromText(section) + "/" + FromText(key);
@@ -26,28 +29,33 @@ std::string BytesOf(const QString& path) {
   return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
-// A ";" outside quotes begins a comment; a backslash escapes, unless it stands for itself or for a character's code.
-bool IsMisread(std::string_view written) {
-  for (size_t i = written.find('\\'); i != std::string_view::npos; i = written.find('\\', i + 2)) {
-    const char next = i + 1 < written.size() ? written[i + 1] : '\0';
-    if (next != '\\' && next != 'x' && next != '"') {
+// The section whose values are paths: half a path may name another file of the user's.
+constexpr const char* kPathSection = "Locations";
+
+// Whether a path written by hand is read as another: a ";" outside quotes begins a comment, a "," makes a list, and a
+// backslash escapes unless it stands for itself.
+bool IsMisread(QStringView written) {
+  for (qsizetype i = written.indexOf('\\'); i >= 0; i = written.indexOf('\\', i + 2)) {
+    const QChar next = i + 1 < written.size() ? written[i + 1] : QChar();
+    if (next != '\\' && next != '"') {
       return true;
     }
   }
-  return !written.starts_with('"') && written.find(';') != std::string_view::npos;
+  return !written.startsWith('"') && (written.contains(';') || written.contains(','));
 }
 
-// The keys with their sections, "Section/Key", whose values are misread.
-QSet<QString> MisreadKeys(const std::string& bytes) {
+// The keys of paths that are misread, "Section/Key".
+QSet<QString> MisreadPaths(const std::string& bytes) {
   QSet<QString> keys;
-  std::istringstream text(bytes);
-  std::string section;
-  for (std::string line; std::getline(text, line);) {
-    const size_t equals = line.find('=');
-    if (line.starts_with('[')) {
-      section = line.substr(1, line.find(']') - 1);
-    } else if (equals != std::string::npos && IsMisread(std::string_view(line).substr(equals + 1))) {
-      keys.insert(FromText(section + "/" + line.substr(0, equals)));
+  QString section;
+  QString text = QString::fromUtf8(bytes);
+  for (const QString& whole : text.remove(QChar(QChar::ByteOrderMark)).replace('\r', '\n').split('\n')) {
+    const QString line = whole.trimmed();
+    const qsizetype equals = line.indexOf('=');
+    if (line.startsWith('[')) {
+      section = line.mid(1, line.indexOf(']') - 1).trimmed();
+    } else if (equals > 0 && section == kPathSection && IsMisread(QStringView(line).mid(equals + 1).trimmed())) {
+      keys.insert(section + "/" + QUrl::fromPercentEncoding(line.left(equals).trimmed().toUtf8()));
     }
   }
   return keys;
@@ -73,7 +81,7 @@ QString SettingsFileName() {
 
 IniStore::IniStore(const QString& fileName, std::function<void(const FileError&)> onFailure)
     : file_(fileName, QSettings::IniFormat),
-      misread_(MisreadKeys(BytesOf(fileName))),
+      misread_(MisreadPaths(BytesOf(fileName))),
       onFailure_(std::move(onFailure)) {
   file_.setFallbacksEnabled(false);
 }
@@ -137,30 +145,38 @@ void IniStore::Sync() {
 
 std::optional<FileError> IniStore::Write() {
   const std::string path = ToText(file_.fileName());
+  const QDir folder = QFileInfo(file_.fileName()).dir();
+  folder.mkpath(".");
+  QLockFile lock(file_.fileName() + ".lock");
+  lock.tryLock(kLockMilliseconds);
   file_.sync();  // Somebody may have changed the file meanwhile.
   // What can't be read is not replaced by the little that is known of it.
   if (const FileHandle readable(std::fopen(path.c_str(), "rb")); readable == nullptr && errno != ENOENT) {
     return FileErrorOfErrno(path, errno);
   }
-  const QTemporaryDir folder;
-  if (!folder.isValid()) {
-    return FileError{MakeRunTimeError(kErrorPathFileAccess), ToText(folder.path()), ToText(folder.errorString())};
+  const std::string before = BytesOf(file_.fileName());
+  misread_.unite(MisreadPaths(before));
+  const QTemporaryDir scratch(folder.filePath("settings-XXXXXX"));
+  if (!scratch.isValid()) {
+    return FileError{MakeRunTimeError(kErrorPathFileAccess), path, ToText(scratch.errorString())};
   }
-  const QString scratch = folder.filePath("settings.conf");
-  QSettings settings(scratch, QSettings::IniFormat);
-  for (const QString& key : file_.allKeys()) {
-    settings.setValue(key, file_.value(key));
+  const QString made = scratch.filePath("settings.conf");
+  if (const auto error = ReplaceFile(ToText(made), [&before](FileWriter& out) { out.Write(before); })) {
+    return error;
+  }
+  QSettings settings(made, QSettings::IniFormat);
+  for (const QString& key : misread_) {
+    settings.remove(key);
   }
   for (auto change = changes_.cbegin(); change != changes_.cend(); ++change) {
     settings.setValue(change.key(), change.value());
   }
   settings.sync();
-  const std::string bytes = BytesOf(scratch);
+  const std::string bytes = BytesOf(made);
   // A disk that is nearly full gives a file that breaks off, and no error: each key has its line.
-  if (!bytes.ends_with('\n') || LinesOfKeys(bytes) != settings.allKeys().size()) {
-    return FileError{MakeRunTimeError(kErrorDiskFull), ToText(scratch), "it could not be written whole"};
+  if (!bytes.ends_with('\n') || LinesOfKeys(bytes) < settings.allKeys().size()) {
+    return FileError{MakeRunTimeError(kErrorDiskFull), path, "it could not be written whole"};
   }
-  QFileInfo(file_.fileName()).dir().mkpath(".");
   return ReplaceFile(path, [&bytes](FileWriter& out) { out.Write(bytes); });
 }
 

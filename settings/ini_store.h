@@ -39,7 +39,7 @@ class IniStore : public SettingsStore {
 
   QSettings file_;                   // The file as it stands; nothing is ever set in it.
   QMap<QString, QVariant> changes_;  // What is not in the file yet.
-  // The keys that were misread when the program started and were not saved since: the first write loses how they stood.
+  // The keys of paths that were misread and not saved since; the first write takes them out of the file.
   QSet<QString> misread_;
   std::function<void(const FileError&)> onFailure_;
   int batches_ = 0;

@@ -447,7 +447,7 @@ TEST_F(MainWindowTest, TextsAreShownPlain) {
 TEST_F(MainWindowTest, ASecondStartLeavesTheSettingsFileAsItWas) {
   dir.Write("quorvane.conf",
             "[Settings]\nMinLength=abc\nMaxLength=99\n[Selection]\nExcludedChars=a, e;i\nbroken line\n"
-            "[Colours]\nMainBack=@Variant(junk)\nListText=red\n[Theirs]\nKey=kept\n");
+            "[Colours]\nMainBack=@Variant(junk)\nListText=red\n[Theirs]\nKey=kept\nk//l=5\n");
   ASSERT_TRUE(Start());
   EXPECT_EQ(Setting("Settings", "MinLength") + " " + Setting("Settings", "MaxLength"), "1 60");
   EXPECT_EQ(Setting("Selection", "ExcludedChars"), "ae");
@@ -456,6 +456,7 @@ TEST_F(MainWindowTest, ASecondStartLeavesTheSettingsFileAsItWas) {
   Stop();
   const std::string first = ReadFile(dir.File("quorvane.conf"));
   EXPECT_NE(first.find("[Printer]"), std::string::npos);
+  EXPECT_NE(first.find("l=5"), std::string::npos);
   ASSERT_TRUE(Start());
   Stop();
   EXPECT_EQ(ReadFile(dir.File("quorvane.conf")), first);
@@ -465,13 +466,26 @@ TEST_F(MainWindowTest, ASecondStartLeavesTheSettingsFileAsItWas) {
 
 TEST_F(MainWindowTest, HalfAPathIsNotUsed) {
   const std::string notes = dir.Write("notes", "mine");
-  for (const std::string& written : {notes + ";old.txt", std::string("C:\\temp\\new.txt"), notes + "\\x.txt;"}) {
-    dir.Write("quorvane.conf", "[Locations]\nSaveFileName=" + written + "\n");
-    ASSERT_TRUE(Start());
-    EXPECT_EQ(Setting("Locations", "SaveFileName"), dir.File("outlist.txt")) << written;
-    Search("c?t");
-    EXPECT_EQ(ReadFile(notes), "mine") << written;
-    Stop();
+  for (const std::string& written : {"[Locations]\nSaveFileName=" + notes + ";old.txt\n",
+                                     "\xEF\xBB\xBF [ Locations ]\r\n SaveFileName = " + notes + ";old.txt\r\n",
+                                     "[Locations]\nSaveFileName=" + notes + ",old.txt\n",
+                                     std::string("[Locations]\nSaveFileName=C:\\temp\\new.txt\n")}) {
+    for (const bool whileRunning : {false, true}) {
+      SCOPED_TRACE(written + (whileRunning ? " while running" : ""));
+      std::filesystem::remove(dir.File("quorvane.conf"));
+      if (!whileRunning) {
+        dir.Write("quorvane.conf", written);
+      }
+      ASSERT_TRUE(Start());
+      if (whileRunning) {
+        dir.Write("quorvane.conf", written);
+        Store("Theirs", "Key", "1");
+      }
+      Search("c?t");
+      EXPECT_EQ(Setting("Locations", "SaveFileName"), dir.File("outlist.txt"));
+      EXPECT_EQ(ReadFile(notes), "mine");
+      Stop();
+    }
   }
 }
 
