@@ -3,8 +3,10 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QRadioButton>
 
 #include "app/main_window.h"
+#include "base/click_label_panel.h"
 #include "lookup/lookup_panel.h"
 #include "results/appearance_panel.h"
 #include "results/result_options_panel.h"
@@ -16,8 +18,6 @@
 
 namespace quorvane {
 namespace {
-
-constexpr float kDark = 0.4F;  // Backgrounds below this lightness take white ink.
 
 void SetRole(QWidget* widget, QPalette::ColorRole role, const QColor& colour) {
   QPalette palette = widget->palette();
@@ -57,7 +57,7 @@ void ApplyColour(MainWindow& window, ColourElement element, const std::string& c
       SetRole(window.centralWidget(), QPalette::Window, shown);
       SetRole(&window, QPalette::Window, shown);
       for (QWidget* caption : window.pattern->ModeCaptions()) {
-        SetRole(caption, QPalette::WindowText, shown.lightnessF() < kDark ? Qt::white : Qt::black);
+        SetRole(caption, QPalette::WindowText, ReadableInk(shown));
       }
       break;
     case ColourElement::ResultsBack:
@@ -67,12 +67,15 @@ void ApplyColour(MainWindow& window, ColourElement element, const std::string& c
       SetRole(window.results->List(), QPalette::Text, shown);
       break;
     case ColourElement::GroupText:
-      // A frame draws its title in its text role; the lists inside keep their own.
+      // A frame draws its title in its text role; the lists and the marks of the choices inside keep their own.
       for (QGroupBox* frame : window.findChildren<QGroupBox*>()) {
         SetRole(frame, QPalette::Text, shown);
         SetRole(frame, QPalette::WindowText, shown);
         for (QComboBox* list : frame->findChildren<QComboBox*>()) {
           SetRole(list, QPalette::Text, Qt::black);
+        }
+        for (QRadioButton* choice : frame->findChildren<QRadioButton*>()) {
+          SetRole(choice, QPalette::Text, Qt::black);
         }
       }
       ApplyColour(window, ColourElement::MainText,

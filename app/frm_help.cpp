@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -51,7 +52,7 @@ FrmHelp::FrmHelp(const QString& html, QWidget* parent) : QDialog(parent) {
   auto* close = Named(new QPushButton("Close", this), "cmdClose", "Close this window");
   layout->addWidget(close, 0, Qt::AlignRight);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
-  resize(720, 640);
+  resize(QSize(720, 640).boundedTo(screen()->availableSize() * 0.9));
 }
 
 }  // namespace quorvane

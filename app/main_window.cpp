@@ -117,12 +117,12 @@ void MainWindow::LayOut() {
   right->addWidget(lookup);
   right->addStretch();
   right->addWidget(lblTimer_);
+  right->addWidget(pbBar_);
   grid->addWidget(pattern, 0, 0, 1, 3);
   grid->addLayout(left, 1, 0);
   grid->addWidget(results, 1, 1);
   grid->addLayout(right, 1, 2);
-  grid->addWidget(pbBar_, 2, 0, 1, 3);
-  grid->addWidget(lblStatus_, 3, 0, 1, 3);
+  grid->addWidget(lblStatus_, 2, 0, 1, 3);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(1, 1);
   grid->setColumnMinimumWidth(1, kListWidth);

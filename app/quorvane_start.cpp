@@ -71,7 +71,10 @@ void CloseOnSignals(MainWindow& window) {
   auto* notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, &window);
   QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window] { window.close(); });
   for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
-    std::signal(number, OnEndSignal);
+    // What was to be ignored (by nohup, by a shell for its background) stays so.
+    if (std::signal(number, OnEndSignal) == SIG_IGN) {
+      std::signal(number, SIG_IGN);
+    }
   }
 }
 

@@ -38,7 +38,8 @@ bool StartUp::Run() {
     FrmWait wait(&window_);
     wait.ShowNow();
     OpenLog();
-    if (!ReadSettingsAndLexicon()) {
+    // A question on the way may have been answered by the end of the program.
+    if (window_.session.ended || !ReadSettingsAndLexicon() || window_.session.ended) {
       return false;
     }
   }

@@ -29,6 +29,10 @@ double Contrast(const QColor& a, const QColor& b) {
 
 }  // namespace
 
+QColor ReadableInk(const QColor& ground) {
+  return Contrast(Qt::black, ground) >= Contrast(Qt::white, ground) ? Qt::black : Qt::white;
+}
+
 ClickLabel::ClickLabel(const QString& name, const QString& text, const QString& toolTip, QWidget* parent)
     : QLabel(text, parent) {
   Named(this, name, toolTip);

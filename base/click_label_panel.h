@@ -1,9 +1,13 @@
 // A label that acts when it is clicked, or when Enter or the space bar is pressed on it.
 #pragma once
 
+#include <QColor>
 #include <QLabel>
 
 namespace quorvane {
+
+// Black or white, whichever is read better on the colour.
+QColor ReadableInk(const QColor& ground);
 
 class ClickLabel : public QLabel {
   Q_OBJECT

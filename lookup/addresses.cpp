@@ -15,10 +15,8 @@ constexpr std::array<LookupResource, kLookupResources> kResources = {{
 }  // namespace
 
 const LookupResource* FindLookupResource(std::string_view setting) {
-  if (setting.size() != 1 || setting[0] < '1' || setting[0] > '5') {
-    return nullptr;
-  }
-  return &kResources[static_cast<size_t>(setting[0] - '1')];
+  const size_t index = setting.size() == 1 ? static_cast<size_t>(setting[0] - '1') : kResources.size();
+  return index < kResources.size() ? &kResources[index] : nullptr;
 }
 
 std::optional<std::string> LookupAddress(std::string_view setting, std::string_view word) {

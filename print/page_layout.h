@@ -29,7 +29,7 @@ struct PlacedText {
 struct PageLayoutInput {
   size_t entryCount = 0;
   std::function<std::string(size_t)> entry;  // From 0.
-  int pageWidth = 12240;                     // Of the whole sheet, in twips.
+  int pageWidth = 12240;                     // That the printer can print on, in twips.
   int pageHeight = 15840;
   int columns = 1;
   PrintFont font;

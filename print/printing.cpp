@@ -78,6 +78,7 @@ const char* DrawPages(QPagedPaintDevice& sheets, const std::vector<PlacedText>& 
   }
   const double scale = sheets.logicalDpiX() / static_cast<double>(kTwipsPerInch);
   painter.scale(scale, scale);
+  painter.translate(sheets.pageLayout().margins(QPageLayout::Point).left() * kTwipsPerPoint, 0);
   painter.setPen(Qt::black);
   int page = 1;
   const PrintFont* font = nullptr;
@@ -142,15 +143,15 @@ QSize SheetInTwips(const QPageLayout& layout) {
 }
 
 std::optional<QPageLayout> LayoutOfPrinter(const std::string& name) {
-  QPageSize size(QPageSize::Letter);
+  QPageLayout layout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF());
   if (name != kPdfPrinter) {
-    const QPrinterInfo info = QPrinterInfo::printerInfo(FromText(name));
-    if (info.isNull()) {
+    const std::unique_ptr<QPrinter> printer = OpenPrinter(name);
+    if (printer == nullptr) {
       return std::nullopt;
     }
-    size = info.defaultPageSize();
+    layout = printer->pageLayout();
+    layout.setMargins(layout.minimumMargins());
   }
-  QPageLayout layout(size, QPageLayout::Portrait, QMarginsF());
   layout.setMode(QPageLayout::FullPageMode);
   return layout;
 }
@@ -200,7 +201,10 @@ void Printing::Print(const PrintJob& job, const PrintSite& site) {
     return;
   }
   const PageEstimate estimate = std::get<PageEstimate>(estimated);
-  const PageLayoutInput input = MakeInput(job, settings, sheet, estimate);
+  // Columns are placed from the edge that the printer reaches.
+  const QMarginsF margins = layout.margins(QPageLayout::Point);
+  const int unprintable = qRound((margins.left() + margins.right()) * kTwipsPerPoint);
+  const PageLayoutInput input = MakeInput(job, settings, {sheet.width() - unprintable, sheet.height()}, estimate);
   if (!Confirm(layout, input, site)) {
     Cancelled(site);
     return;
@@ -295,12 +299,14 @@ bool Printing::Submit(const std::string& name, const QPageLayout& layout, const 
   command.write(document.bytes);
   command.closeWriteChannel();
   std::string problem;
-  if (!command.waitForFinished(kSubmitSeconds * 1000)) {
+  const bool finished = command.waitForFinished(kSubmitSeconds * 1000);
+  if (!finished && command.error() == QProcess::Timedout) {
     problem = "The printing system did not answer within " + std::to_string(kSubmitSeconds) + " seconds.";
     command.kill();
     command.waitForFinished();
-  } else if (command.exitStatus() != QProcess::NormalExit || command.exitCode() != 0) {
-    problem = "The printing system said: " + ToText(command.readAllStandardError().trimmed());
+  } else if (!finished || command.exitStatus() != QProcess::NormalExit || command.exitCode() != 0) {
+    const QByteArray said = command.readAllStandardError().trimmed();
+    problem = "The printing system said: " + ToText(said.isEmpty() ? command.errorString() : QString::fromUtf8(said));
   }
   if (!problem.empty()) {
     site.reportErrors(PrinterErrorText("FP", kPrinterFailed));

@@ -32,6 +32,8 @@ AppearancePanel::AppearancePanel(SettingsStore& settings, QWidget* parent)
   lblTextCol_ = MakeLabel("lblTextCol", "text colour", {}, this);
   lblBack_ = MakeLabel("lblBack", "back colour", {}, this);
   auto* layout = new QGridLayout(this);
+  layout->setVerticalSpacing(4);
+  layout->setContentsMargins(11, 5, 11, 7);
   layout->addWidget(cmdFontToggle_, 0, 0, 1, 2);
   layout->addWidget(cmdV_, 1, 0);
   layout->addWidget(cmdW_, 1, 1);

@@ -10,6 +10,8 @@ namespace quorvane {
 SortPanel::SortPanel(QWidget* parent) : QGroupBox("Sort order", parent) {
   setObjectName("frSortOrder");
   auto* layout = new QVBoxLayout(this);
+  layout->setSpacing(2);
+  layout->setContentsMargins(11, 5, 11, 7);
   const auto add = [&](SortOrder order, const QString& name, const QString& caption, const QString& toolTip) {
     buttons_[order] = Named(new QRadioButton(caption, this), name, toolTip);
     layout->addWidget(buttons_[order]);

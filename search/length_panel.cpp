@@ -26,9 +26,12 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
   cbLenTo_->setAccessibleName("Max. word length");
   lblToLit_ = MakeLabel("lblToLit", "to", {}, this);
   auto* layout = new QVBoxLayout(this);
+  layout->setSpacing(2);
+  layout->setContentsMargins(11, 5, 11, 7);
   layout->addWidget(rbAnyLen_);
   layout->addWidget(rbSpecLen_);
   auto* range = new QHBoxLayout;
+  range->setSpacing(6);
   range->addWidget(cbLenFr_, 1);
   range->addWidget(lblToLit_);
   range->addWidget(cbLenTo_, 1);

@@ -118,8 +118,8 @@ std::string FirstLetters(std::string_view pattern, PatternKind kind, const Chara
     set = SortList(BracketForm(lists.include));
   } else if (first == '=') {
     set = SortList(BracketForm(lists.scrabble));
-  } else if (const Wildcard* wildcard = FindWildcard(first); wildcard != nullptr && !wildcard->initials.empty()) {
-    set = wildcard->initials;
+  } else if (const Wildcard* wildcard = FindWildcard(first); wildcard != nullptr && !wildcard->letters.empty()) {
+    set = wildcard->letters;
   }
   if (set.starts_with('-') || set.starts_with('?')) {
     set = "&";

@@ -1,5 +1,6 @@
 #include "search/wildcards.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quorvane {
@@ -9,11 +10,12 @@ constexpr std::array kWildcards = {
     Wildcard{'*', "'*' stands for zero or more characters", ""},
     Wildcard{'?', "'?' stands for any character", ""},
     Wildcard{'-', "'-' stands for any character", ""},
-    Wildcard{'@', "'@' stands for any vowel", "AEIOU"},
-    Wildcard{'$', "'$' stands for any consonant", "BCDFGHJKLMNPQRSTVWXYZ"},
-    Wildcard{'\'', "' stands for any letter with an ascender [bdfhklt]", "BDFHKLT"},
-    Wildcard{',', "',' stands for any letter with a descender [gjpqy]", "GJPQY"},
-    Wildcard{':', "':' stands for any letter with no ascender/descender [aceimnorsuvwxz]", "ACEIMNORSUVWXZ"},
+    Wildcard{'@', "'@' stands for any vowel", kVowels},
+    Wildcard{'$', "'$' stands for any consonant", kConsonants},
+    Wildcard{'\'', "' stands for any letter with an ascender [bdfhklt]", kAscenders},
+    Wildcard{',', "',' stands for any letter with a descender [gjpqy]", kDescenders},
+    Wildcard{':', "':' stands for any letter with no ascender/descender [aceimnorsuvwxz]",
+             kNeitherAscenderNorDescender},
     Wildcard{'#', "'#' currently stands for including any of ", ""},
     Wildcard{'!', "'!' currently stands for excluding any of ", ""},
     Wildcard{'=', "'=' currently stands for exactly any of ", ""},
@@ -21,6 +23,17 @@ constexpr std::array kWildcards = {
     Wildcard{'2', "'2' stands for any character; every '2' denotes the same character", ""},
     Wildcard{'3', "'3' stands for any character; every '3' denotes the same character", ""},
 };
+
+static_assert(std::none_of(kConsonants.begin(), kConsonants.end(),
+                           [](char c) { return kVowels.find(c) != std::string_view::npos; }) &&
+              kVowels.size() + kConsonants.size() == 26);
+static_assert(std::all_of(kWildcards.begin(), kWildcards.end(),
+                          [](const Wildcard& wildcard) {
+                            const size_t listed = wildcard.statusText.find('[');
+                            return listed == std::string_view::npos ||
+                                   wildcard.statusText.substr(listed + 1, wildcard.letters.size()) == wildcard.letters;
+                          }),
+              "the letters that a status text lists are those it stands for");
 
 constexpr std::array kSummary = {
     WildcardSummaryRow{"- or ?", "any letter"},

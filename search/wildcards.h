@@ -9,6 +9,7 @@
 namespace quorvane {
 
 inline constexpr std::string_view kVowels = "aeiou";
+inline constexpr std::string_view kConsonants = "bcdfghjklmnpqrstvwxyz";
 inline constexpr std::string_view kAscenders = "bdfhklt";
 inline constexpr std::string_view kDescenders = "gjpqy";
 inline constexpr std::string_view kNeitherAscenderNorDescender = "aceimnorsuvwxz";
@@ -17,8 +18,9 @@ struct Wildcard {
   char character;
   // What the status line says when it was typed last; for "#", "!" and "=" the list in brackets follows.
   std::string_view statusText;
-  // The initials, in upper case, of the words that a pattern beginning with it can match; empty: any.
-  std::string_view initials;
+  // The letters it stands for, which are the initials of the words that a pattern beginning with it can match; empty:
+  // any, or those of a list.
+  std::string_view letters;
 };
 
 // The special characters of a plain pattern.

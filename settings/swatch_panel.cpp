@@ -1,7 +1,9 @@
 #include "settings/swatch_panel.h"
 
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QPainter>
+#include <utility>
 
 namespace quorvane {
 
@@ -23,10 +25,22 @@ QSize ColourSwatch::sizeHint() const {
 void ColourSwatch::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setBrush(colour_);
-  painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Dark));
+  painter.setPen(palette().color(QPalette::Dark));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  if (hasFocus()) {
-    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+  if (hasFocus()) {  // Dark and light: one of them is seen on any colour.
+    painter.setBrush(Qt::NoBrush);
+    for (const auto& [inset, ring] : {std::pair{1, Qt::black}, {2, Qt::white}, {3, Qt::black}}) {
+      painter.setPen(ring);
+      painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+    }
+  }
+}
+
+void ColourSwatch::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    click();
+  } else {
+    QAbstractButton::keyPressEvent(event);
   }
 }
 

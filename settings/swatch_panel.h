@@ -18,6 +18,7 @@ class ColourSwatch : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QColor colour_ = Qt::white;

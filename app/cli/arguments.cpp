@@ -1,12 +1,18 @@
 #include "app/cli/arguments.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/text.h"
 #include "lexicon/lexicon.h"
 
 namespace quorvane::cli {
 namespace {
+
+// An empty value behind "=" would be taken from the next argument.
+constexpr std::array<std::string_view, 11> kValueOptions = {"--include", "--exclude",  "--rack",        "--type",
+                                                            "--lexicon", "--data-dir", "--length",      "--sort",
+                                                            "--seed",    "--save",     "--save-lexicon"};
 
 std::optional<std::string> CheckList(ListKind kind, const char* option, const std::string& characters) {
   const ListFacts& facts = FactsOf(kind);
@@ -82,7 +88,10 @@ std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv) {
       arguments.insert(arguments.end(), argv + i, argv + argc);
       break;
     }
-    if (argument.starts_with("--") && argument.find('=') + 1 == argument.size()) {
+    const bool takesValue =
+        argument.ends_with('=') && std::find(kValueOptions.begin(), kValueOptions.end(),
+                                             argument.substr(0, argument.size() - 1)) != kValueOptions.end();
+    if (takesValue) {
       arguments.push_back(argument.substr(0, argument.size() - 1));
       arguments.emplace_back();
     } else {

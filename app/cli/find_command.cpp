@@ -88,6 +88,7 @@ class FindRun {
     bool found = false;
     bool refused = false;
     for (std::string line; std::getline(std::cin, line);) {
+      ++line_;
       if (line.ends_with('\r')) {
         line.pop_back();
       }
@@ -173,7 +174,7 @@ class FindRun {
   }
 
   int Refuse(const std::string& typed, const std::string& text) {
-    Complain(text);
+    Complain(line_ == 0 ? text : "line " + std::to_string(line_) + ", '" + typed + "': " + text);
     if (arguments_.json) {
       output_.Write(JsonObject().Text("pattern", typed).Text("refused", text).Line());
     }
@@ -229,6 +230,7 @@ class FindRun {
   }
 
   const FindArguments& arguments_;
+  int64_t line_ = 0;  // Of standard input; 0: the pattern is an argument.
   SeededRandom random_;
   Output output_;
   std::shared_ptr<const Lexicon> lexicon_;

@@ -17,10 +17,11 @@
 namespace quorvane::cli {
 namespace {
 
-constexpr const char* kFooter =
+constexpr const char* kPatternFooter =
     "Pattern characters: ? or - any character, * any number of them (at most two), @ vowel, $ consonant,\n"
     "' ascender, , descender, : neither, 1 2 3 repeated characters, # ! = the lists of --include,\n"
-    "--exclude and --rack; ~N random words, %Nxx> letter sequences, ;xx letters in order (;xx~ in any).\n"
+    "--exclude and --rack; ~N random words, %Nxx> letter sequences, ;xx letters in order (;xx~ in any).";
+constexpr const char* kStatusFooter =
     "Exit status: 0 words were found, 1 none, 2 the pattern was refused or something failed.";
 
 void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
@@ -51,15 +52,15 @@ std::string DashedPattern(const CLI::App& command, const std::vector<std::string
 
 int Run(int argc, const char* const* argv) {
   CLI::App app("Lists every word of a lexicon that fits a pattern.", "quorvane-cli");
-  app.footer(kFooter);
   app.set_version_flag("--version", "quorvane-cli " + VersionText());
   app.require_subcommand(1);
+  app.footer("quorvane-cli COMMAND --help says more. Exit status of every command: 2 when something failed.");
 
   FindArguments find;
   CLI::App* findCommand = app.add_subcommand("find",
                                              "List every word that fits, one a line (PATTERN -: each line of "
                                              "standard input)");
-  findCommand->footer(kFooter);
+  findCommand->footer(std::string(kPatternFooter) + "\n" + kStatusFooter);
   AddSearchOptions(findCommand, find.search);
   findCommand->add_option("--lexicon", find.lexicon, "Lexicon file (default: words.lex of the program's directory)");
   findCommand->add_option("--data-dir", find.dataDir, "The program's directory");
@@ -82,6 +83,7 @@ int Run(int argc, const char* const* argv) {
   CLI::App* explainCommand =
       app.add_subcommand("explain", "Print what the input check and the preparation make of a pattern, as JSON");
   AddSearchOptions(explainCommand, explain);
+  explainCommand->footer(kPatternFooter);
   explainCommand->add_flag("--paste", paste, "Take the pattern at once instead of character by character");
 
   std::string statsLexicon;

@@ -184,8 +184,8 @@ TEST_F(CommandLine, FindsEachLineOfStandardInput) {
   const Row rows[] = {
       {"printf 'c?t\\r\\nx*\\nz*' | q find -", 0, "cat\ncut\nzoo\n", "2 words found\n0 words found\n1 word found\n"},
       {"printf 'at\\n;\\nz*\\n' | q find -", 2, "at\nzoo\n",
-       "1 word found\nquorvane-cli: ';' allows selection of letter(s) in a word\n1 word found\n"},
-      {"printf 'at\\n\\n' | q find -", 2, "at\n", "1 word found\nquorvane-cli: Please enter a word selection.\n"},
+       "1 word found\nquorvane-cli: line 2, ';': ';' allows selection of letter(s) in a word\n1 word found\n"},
+      {"printf 'at\\n\\n' | q find -", 2, "at\n", "1 word found\nquorvane-cli: line 2, '': Please enter a word selection.\n"},
       {"printf '' | q find -", 1, "", ""},
       {"q find - <home", 2, "", "quorvane-cli: can't read standard input: Is a directory\n"},
       {"printf 'c?t\\nx*\\na*\\n' | q find - --count", 0, "2\n0\n3\n", "2 words found\n0 words found\n3 words found\n"},
