@@ -161,7 +161,7 @@ std::optional<FileError> IniStore::Write() {
     return FileError{MakeRunTimeError(kErrorPathFileAccess), path, ToText(scratch.errorString())};
   }
   const QString made = scratch.filePath("settings.conf");
-  if (const auto error = ReplaceFile(ToText(made), [&before](FileWriter& out) { out.Write(before); })) {
+  if (auto error = ReplaceFile(ToText(made), [&before](FileWriter& out) { out.Write(before); })) {
     return error;
   }
   QSettings settings(made, QSettings::IniFormat);
