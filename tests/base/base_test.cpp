@@ -99,8 +99,7 @@ TEST(Text, BytesAreReadAsWindows1252) {
   }
   EXPECT_EQ(seen.size(), 256u);
   const struct {
-    const char* bytes;
-    const char* utf8;
+    const char *bytes, *utf8;
   } cases[] = {{"plain", "plain"},
                {"caf\xE9", "caf\xC3\xA9"},
                {"\x80", "\xE2\x82\xAC"},
@@ -117,9 +116,7 @@ TEST(Text, BytesAreReadAsWindows1252) {
 
 TEST(Text, ClassesHoldCharactersAndRanges) {
   const struct {
-    const char* characterClass;
-    const char* inside;
-    const char* outside;
+    const char *characterClass, *inside, *outside;
   } cases[] = {{"[abc]", "abc", "dA-[]"},
                {"[a-cx]", "abcx", "dwy-"},
                {"[!a-c]", "dA-!", "abc"},

@@ -18,8 +18,7 @@ namespace fs = std::filesystem;
 
 struct Result {
   int status = -1;  // Of the shell; 128 and more: ended by a signal.
-  std::string out;
-  std::string err;
+  std::string out, err;
 };
 
 constexpr const char* kWords =
@@ -65,8 +64,7 @@ class CommandLine : public testing::Test {
   struct Row {
     const char* command;
     int status;
-    const char* out;
-    const char* err;
+    const char *out, *err;
   };
 
   template <size_t N>
@@ -266,9 +264,7 @@ TEST_F(CommandLine, RandomWordsFollowTheSeed) {
 
 TEST_F(CommandLine, Saves) {
   const struct {
-    const char* command;
-    const char* file;
-    const char* bytes;
+    const char *command, *file, *bytes;
     int status = 0;
   } cases[] = {
       {"q find '#at' --include bC --save out.txt", "out.txt",
@@ -328,8 +324,7 @@ TEST_F(CommandLine, HelpThatCanNotBeWrittenIsAnError) {
 
 TEST_F(CommandLine, Explains) {
   const struct {
-    const char* command;
-    const char* json;
+    const char *command, *json;
   } cases[] = {
       {"q explain 'a*b*c*d*' --paste",
        "{`text`: `a*b*c`, `typing_kind`: 2, `noun`: `word`, `status`: `A maximum of two asterisks may be entered`, "

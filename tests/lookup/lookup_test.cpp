@@ -7,8 +7,7 @@ namespace {
 
 TEST(Lookup, AddressesOfTheFiveResources) {
   struct Row {
-    const char* setting;
-    const char* word;
+    const char *setting, *word;
     const char* end;  // Behind the host.
   };
   for (const auto& [setting, word, end] : {

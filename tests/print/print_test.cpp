@@ -14,8 +14,7 @@ namespace {
 
 struct Sheet {
   const char* name;
-  int width;
-  int height;
+  int width, height;
 };
 constexpr Sheet kSheets[] = {
     {"Letter", 12240, 15840}, {"Letter landscape", 15840, 12240},
@@ -30,11 +29,7 @@ PageEstimate Estimate(int64_t entries, int height, int fontSize, int columns) {
 TEST(PageEstimate, PagesOfAList) {
   struct Row {
     int64_t entries;
-    int height;
-    int fontSize;
-    int columns;
-    int words;
-    int pages;
+    int height, fontSize, columns, words, pages;
   };
   for (const auto& [entries, height, fontSize, columns, words, pages] : {
            // 56 / 12 * (10 - 0.75) + 0.5 = 43.67.
@@ -180,8 +175,7 @@ TEST(PageLayout, TitleLegendAndFooterOfEveryPage) {
   using Texts = std::vector<std::string>;
   const std::string printed = "Printed on 5 Mar 2026 at 14:07";
   struct Row {
-    const char* typed;
-    const char* noun;
+    const char *typed, *noun;
     size_t count;
     Texts texts;
   };
@@ -218,8 +212,7 @@ TEST(PageLayout, TitleLegendAndFooterOfEveryPage) {
 
 TEST(PrintSettings, ReadForPrintingAndForTheSetup) {
   struct Row {
-    const char* key;
-    const char* stored;
+    const char *key, *stored;
     const char* printed;  // As UpdatedPrintSettingsText shows it.
     const char* shown;
   };

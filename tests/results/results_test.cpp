@@ -148,8 +148,7 @@ TEST(Summary, Texts) {
     int64_t count;
     const char* noun;
     LengthRange range;
-    const char* status;
-    const char* log;
+    const char *status, *log;
   } cases[] = {
       {0, "word", any, "0 words found", "0 words found using pattern 'a*'"},
       {1, "word", any, "1 word found", "1 word found using pattern 'a*'"},
@@ -183,8 +182,7 @@ TEST(ResultsFile, Bytes) {
   const Words words = {"caf\xE9", "Cat", "dog"};
   const std::string body = "\r\n--- START OF LIST ---\r\ncaf\xE9\r\nCat\r\ndog\r\n--- END OF LIST ---\r\n";
   const struct {
-    const char* typed;
-    const char* noun;
+    const char *typed, *noun;
     size_t count;
     std::string head;
   } cases[] = {

@@ -74,10 +74,7 @@ struct Box {
 
 struct Case {
   How how;
-  const char* input;
-  const char* text;
-  const char* letters;
-  const char* status;
+  const char *input, *text, *letters, *status;
   const char* allowed = "SAPL";  // Search, anagrams, palindrome, save as lexicon.
   int beeps = 0;
   WordType type = kWord;

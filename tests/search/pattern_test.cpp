@@ -171,9 +171,7 @@ TEST(Matcher, OneCharacterClasses) {
 
 TEST(Matcher, DigitsAndTiles) {
   const struct {
-    const char* pattern;
-    const char* word;
-    const char* rack;
+    const char *pattern, *word, *rack;
     bool matches;
   } cases[] = {
       {"1221", "abba", "", true},
@@ -199,8 +197,7 @@ TEST(Matcher, DigitsAndTiles) {
 
 TEST(Matcher, FindLettersInOrder) {
   const struct {
-    const char* word;
-    const char* letters;
+    const char *word, *letters;
     bool result;
     const char* left;  // Of the letters.
   } cases[] = {{"planet", "pnt", true, "&&&"},    {"planet", "tnp", false, "&np"},

@@ -83,9 +83,7 @@ TEST(Scan, FindsWhatFits) {
   constexpr WordType kAnagram = WordType::Anagram;
   constexpr WordType kExact = WordType::AnagramExact;
   const struct {
-    const char* words;
-    const char* text;
-    const char* found;
+    const char *words, *text, *found;
     WordType type = kWord;
     CharacterLists lists{};  // Include, exclude, Scrabble.
     int min = kAnyMinLength;

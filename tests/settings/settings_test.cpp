@@ -17,8 +17,7 @@ namespace {
 TEST(Repair, OfEveryKind) {
   struct Row {
     Setting setting;
-    std::string value;
-    std::string repaired;
+    std::string value, repaired;
   };
   for (const auto& [setting, value, repaired] : {
            Row{Setting::MinLength, "0", "1"},

@@ -1,14 +1,5 @@
 // The nine colours of the main window: chosen, shown at once, stored and reset.
-#include <QAbstractItemView>
-#include <QAction>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QRadioButton>
-#include <QSlider>
-#include <QTest>
 
-#include "base/qt_text.h"
 #include "settings/light_palette.h"
 #include "tests/window/window_fixture.h"
 
@@ -23,9 +14,7 @@ class ColourWindowTest : public WindowTest {
 // Box 9 of the palette is &H0000C000, a green; every element shows it in its controls the moment it is chosen.
 TEST_F(ColourWindowTest, EachElementShowsAndStoresTheChosenColour) {
   const struct {
-    const char* item;
-    const char* caption;
-    const char* key;
+    const char *item, *caption, *key;
     const char* custom;  // The custom colour that is stored beside it.
     std::vector<std::pair<const char*, QPalette::ColorRole>> controls;
   } elements[] = {
@@ -96,8 +85,7 @@ TEST_F(ColourWindowTest, TheWindowsWaysToChoose) {
   const struct {
     const char* name;
     std::function<void(QDialog&)> script;
-    const char* colour;
-    const char* custom;
+    const char *colour, *custom;
   } cases[] = {
       {"cancel", Press("cmdCancel"), "&H000000FF", "0000C0"},
       {"default", Press("cmdDefault"), "&H000000C0", "0000C0"},

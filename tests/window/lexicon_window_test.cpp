@@ -1,16 +1,5 @@
 // Lexicons in the window: another one, one that cannot be used, one made of results; and where results are saved.
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QTest>
-#include <QTreeView>
-#include <filesystem>
 
-#include "base/qt_text.h"
 #include "tests/window/window_fixture.h"
 
 namespace quorvane::test {

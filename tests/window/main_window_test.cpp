@@ -1,27 +1,8 @@
 // The main window as a person uses it: keys, clicks, menus, and what it says.
 #include <sys/resource.h>
 
-#include <QAbstractItemView>
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDesktopServices>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QTimer>
 #include <csignal>
-#include <filesystem>
 
-#include "base/qt_text.h"
-#include "base/version.h"
 #include "tests/window/window_fixture.h"
 
 namespace quorvane::test {
@@ -112,8 +93,7 @@ TEST_F(MainWindowTest, FunctionKeysChooseTheMode) {
   struct Row {
     Qt::Key key;
     const char* text;  // In the pattern box.
-    const char* ticked;
-    const char* caption;
+    const char *ticked, *caption;
   };
   for (const auto& [key, text, ticked, caption] : {
            Row{Qt::Key_F10, "noon", "menWordTypePalindrome", "Pali&ndrome"},
@@ -180,10 +160,7 @@ TEST_F(MainWindowTest, AMissingHelpFileIsNamed) {
 TEST_F(MainWindowTest, ModesByButtonAndMenu) {
   ASSERT_TRUE(Start());
   struct Row {
-    const char* button;
-    const char* item;
-    const char* caption;
-    const char* typed;
+    const char *button, *item, *caption, *typed;
     Texts found;
     const char* summary;
   };
@@ -231,10 +208,7 @@ TEST_F(MainWindowTest, TypingExplainsAndRefuses) {
   Store("Selection", "ExcludedChars", "Aeiou");
   constexpr const char* kUnchanged = "(unchanged)";
   struct Row {
-    const char* typed;
-    const char* kept;
-    const char* status;
-    const char* letters;
+    const char *typed, *kept, *status, *letters;
     int beeps;
     bool search;
   };
@@ -330,8 +304,7 @@ TEST_F(MainWindowTest, ListDialogs) {
     const char* pasted;  // Instead.
     const char* kept;
     const char* code;  // Of the log entry with the list.
-    const char* label;
-    const char* name;
+    const char *label, *name;
   };
   const std::vector<Row> rows = {
       {Qt::Key_F2, "xyz", "abca", nullptr, "abc", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},

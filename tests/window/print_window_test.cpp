@@ -1,19 +1,5 @@
 // Printing, its setup, and looking words up, from the window.
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDesktopServices>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProcess>
-#include <QRadioButton>
-#include <QStandardPaths>
-#include <QTest>
-#include <QUrl>
-#include <filesystem>
 
-#include "base/qt_text.h"
 #include "print/printing.h"
 #include "tests/window/window_fixture.h"
 

@@ -1,33 +1,10 @@
 // Results, lengths, saving and options in the main window, as a person uses them.
-#include <QAbstractItemView>
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDesktopServices>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QTimer>
-#include <filesystem>
 
-#include "base/qt_text.h"
-#include "base/version.h"
 #include "tests/window/window_fixture.h"
 
 namespace quorvane::test {
 namespace {
 
-using Keys = std::vector<Qt::Key>;
-
-const std::string kSeparator(80, '=');
-const std::string kAlphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 class ResultsWindowTest : public WindowTest {};
 
 TEST_F(ResultsWindowTest, SortsWithStatusListAndCase) {

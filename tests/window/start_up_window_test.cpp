@@ -1,7 +1,5 @@
 // The program's real start over settings files of every kind: the whole file and the whole log afterwards.
-#include <filesystem>
 
-#include "base/version.h"
 #include "tests/window/window_fixture.h"
 
 namespace quorvane::test {

@@ -4,8 +4,32 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDesktopServices>
 #include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QStandardPaths>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+#include <QUrl>
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -14,6 +38,8 @@
 #include "app/main_window.h"
 #include "app/services.h"
 #include "app/start_up.h"
+#include "base/qt_text.h"
+#include "base/version.h"
 #include "settings/ini_store.h"
 #include "tests/support/temporary_directory.h"
 
