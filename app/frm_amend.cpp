@@ -164,7 +164,7 @@ void FrmAmend::Apply() {
     return;
   }
   // The list shows another directory in its place, which nobody has chosen yet.
-  if (!missing_.isEmpty() && !inProgramDirectory && ToText(Directory()) == ToText(NearestDirectory(missing_))) {
+  if (!missing_.isEmpty() && !inProgramDirectory && Directory() == NearestDirectory(missing_)) {
     services_.door.Show(this, "The directory " + ToText(missing_) +
                                   " does not exist. Choose another one, or Apply again to use " + directory + ".");
     missing_.clear();

@@ -49,7 +49,6 @@ bool StartUp::Run() {
     return false;
   }
   LogStart();
-  window_.UpdateResultCommands();
   FillFontTable();
   RestoreInput();
   window_.ShowStatus(kReadyText, true);

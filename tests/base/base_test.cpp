@@ -301,43 +301,6 @@ struct Installation {
   }
 };
 
-TEST(ProgramDirectory, IsTheFirstOfItsPlaces) {
-  const struct {
-    const char* name;
-    bool dataDir, environment, beside, xdg;
-    const char* expected;
-  } cases[] = {
-      {"argument first", true, true, true, true, "named"},
-      {"environment", false, true, true, true, "env"},
-      {"beside the program", false, false, true, true, "app/bin"},
-      {"data home", false, false, false, true, "xdg/quorvane"},
-      {"home", false, false, false, false, "home/.local/share/quorvane"},
-  };
-  for (const auto& [name, dataDir, environment, beside, xdg, expected] : cases) {
-    SCOPED_TRACE(name);
-    Installation here;
-    here.input.dataDir = dataDir ? here.root.File("named/") : "";
-    here.input.quorvaneDir = environment ? here.root.File("env/../env") : "";
-    here.input.xdgDataHome = xdg ? here.input.xdgDataHome : "";
-    if (beside) {
-      here.root.Write("app/bin/words.lex", "beside\r\n");
-    }
-    const ProgramDirectory settled = SettleProgramDirectory(here.input);
-    EXPECT_EQ(settled.path, here.root.File(expected));
-    EXPECT_FALSE(settled.problem);
-    // Only a directory of the last kind is made and filled.
-    const bool fills = !dataDir && !environment && !beside;
-    EXPECT_EQ(NamesIn(here.root.File("xdg")), fills && xdg ? Names{"quorvane"} : Names{});
-    EXPECT_EQ(NamesIn(here.root.File("home")), fills && !xdg ? Names{".local"} : Names{});
-    EXPECT_EQ(NamesIn(here.root.File("named")), Names{});
-    EXPECT_EQ(NamesIn(here.root.File("env")), Names{});
-    if (fills) {
-      EXPECT_EQ(NamesIn(settled.path), (Names{"Quorvane.hlp", "words.lex"}));
-      EXPECT_EQ(ReadFile(JoinPath(settled.path, "words.lex")), "installed\r\n");
-    }
-  }
-}
-
 TEST(ProgramDirectory, CopiesOnlyWhatIsMissing) {
   Installation here;
   const std::string path = SettleProgramDirectory(here.input).path;

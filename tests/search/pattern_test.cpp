@@ -195,6 +195,22 @@ TEST(Matcher, DigitsAndTiles) {
   }
 }
 
+TEST(Matcher, ContainsAllComparesCounts) {
+  std::mt19937 engine(3);
+  for (int round = 0; round < 3000; ++round) {
+    std::string texts[2];
+    for (std::string& text : texts) {
+      for (auto length = engine() % 8; length > 0; --length) {
+        text += static_cast<char>('a' + engine() % 3);
+      }
+    }
+    std::string sorted[2] = {SortLetters(texts[0]), SortLetters(texts[1])};
+    ASSERT_EQ(ContainsAll(texts[0], texts[1]),
+              std::includes(sorted[1].begin(), sorted[1].end(), sorted[0].begin(), sorted[0].end()))
+        << texts[0] << " in " << texts[1];
+  }
+}
+
 TEST(Matcher, FindLettersInOrder) {
   const struct {
     const char *word, *letters;

@@ -13,45 +13,23 @@ class ColourWindowTest : public WindowTest {
 
 // Box 9 of the palette is &H0000C000, a green; every element shows it in its controls the moment it is chosen.
 TEST_F(ColourWindowTest, EachElementShowsAndStoresTheChosenColour) {
+  constexpr auto kInk = QPalette::WindowText;
   const struct {
     const char *item, *caption, *key;
     const char* custom;  // The custom colour that is stored beside it.
-    std::vector<std::pair<const char*, QPalette::ColorRole>> controls;
+    QPalette::ColorRole role;
+    QString controls;
   } elements[] = {
-      {"memMainText",
-       "Main text",
-       "MainText",
-       "000000",
-       {{"lblInputWord", QPalette::WindowText},
-        {"lblAnswers", QPalette::WindowText},
-        {"rbAnyLen", QPalette::WindowText},
-        {"rbSortLengthRev", QPalette::WindowText},
-        {"cbUpperCase", QPalette::WindowText},
-        {"lblBack", QPalette::WindowText},
-        {"lblToLit", QPalette::WindowText},
-        {"lblLex", QPalette::WindowText},
-        {"lblSelScrLit", QPalette::WindowText},
-        {"lblWebLink", QPalette::WindowText}}},
-      {"menMainBack", "Main background", "MainBack", "C0C0C0", {{"central", QPalette::Window}}},
-      {"menResBack", "Results background", "ListBack", "800000", {{"lbWordList", QPalette::Base}}},
-      {"menResText", "Results text", "ListText", "00FFFF", {{"lbWordList", QPalette::Text}}},
-      {"menStatusText", "Status text", "StatusText", "0000C0", {{"lblStatus", QPalette::WindowText}}},
-      {"menTimerText",
-       "Timer text",
-       "TimerText",
-       "0080FF",
-       {{"lblTimer", QPalette::WindowText}, {"lblXofY", QPalette::WindowText}}},
-      {"menLettersText", "# Letters text", "LettersText", "FF0000", {{"lblNumLetters", QPalette::WindowText}}},
-      {"menGroupText",
-       "Group text",
-       "GroupText",
-       "C000C0",
-       {{"frLen", QPalette::Text}, {"frSortOrder", QPalette::Text}, {"frListProp", QPalette::Text}}},
-      {"menWordChText",
-       "Word choice text",
-       "SelectionText",
-       "C000C0",
-       {{"lblSelInc", QPalette::WindowText}, {"lblSelExc", QPalette::WindowText}, {"lblSelScr", QPalette::WindowText}}},
+      {"memMainText", "Main text", "MainText", "000000", kInk,
+       "lblInputWord lblAnswers rbAnyLen rbSortLengthRev cbUpperCase lblBack lblToLit lblLex lblSelScrLit lblWebLink"},
+      {"menMainBack", "Main background", "MainBack", "C0C0C0", QPalette::Window, "central"},
+      {"menResBack", "Results background", "ListBack", "800000", QPalette::Base, "lbWordList"},
+      {"menResText", "Results text", "ListText", "00FFFF", QPalette::Text, "lbWordList"},
+      {"menStatusText", "Status text", "StatusText", "0000C0", kInk, "lblStatus"},
+      {"menTimerText", "Timer text", "TimerText", "0080FF", kInk, "lblTimer lblXofY"},
+      {"menLettersText", "# Letters text", "LettersText", "FF0000", kInk, "lblNumLetters"},
+      {"menGroupText", "Group text", "GroupText", "C000C0", QPalette::Text, "frLen frSortOrder frListProp"},
+      {"menWordChText", "Word choice text", "SelectionText", "C000C0", kInk, "lblSelInc lblSelExc lblSelScr"},
   };
   ASSERT_TRUE(Start());
   for (const auto& element : elements) {
@@ -63,17 +41,17 @@ TEST_F(ColourWindowTest, EachElementShowsAndStoresTheChosenColour) {
     Item(element.item)->trigger();
     EXPECT_EQ(Setting("Colours", element.key), "&H0000C000");
     EXPECT_EQ(Setting("CustColours", element.key), element.custom);
-    for (const auto& [control, role] : element.controls) {
-      EXPECT_EQ(Shown(control, role), QColor(0, 0xC0, 0)) << control;
+    for (const QString& control : element.controls.split(' ')) {
+      EXPECT_EQ(Shown(ToText(control).c_str(), element.role), QColor(0, 0xC0, 0)) << ToText(control);
     }
   }
   // All but the group text are as chosen after a restart; "Main text" is not touched by the frames' colour.
   Stop();
   ASSERT_TRUE(Start());
   for (const auto& element : elements) {
-    for (const auto& [control, role] : element.controls) {
+    for (const QString& control : element.controls.split(' ')) {
       const bool group = std::string_view(element.key) == "GroupText";
-      EXPECT_EQ(Shown(control, role) == QColor(0, 0xC0, 0), !group) << control;
+      EXPECT_EQ(Shown(ToText(control).c_str(), element.role) == QColor(0, 0xC0, 0), !group) << ToText(control);
     }
   }
 }

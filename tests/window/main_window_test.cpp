@@ -239,24 +239,6 @@ TEST_F(MainWindowTest, TypingExplainsAndRefuses) {
   }
 }
 
-TEST_F(MainWindowTest, AWildcardCancelsAnagramMode) {
-  for (const char* wildcard : {"?", "*", "-", "1", "@"}) {
-    ASSERT_TRUE(Start());
-    Click("rbAnagramExact");
-    Type("lis");
-    door.beeps = 0;
-    QTest::keyClicks(Find("tbInput"), wildcard);
-    EXPECT_EQ(Status(), "Anagram option cancelled due to wildcard input; enter word selection") << wildcard;
-    EXPECT_EQ(door.beeps, 4) << wildcard;
-    EXPECT_EQ(TickedModes(), Texts{"menWordTypeWordList"});
-    EXPECT_EQ(Text("btnFindWords"), "&Words");
-    EXPECT_FALSE(Find("rbAnagram")->isEnabled());
-    EXPECT_FALSE(Item("menWordTypeAnagramExact")->isEnabled());
-    QTest::keyClick(Find("tbInput"), Qt::Key_Backspace);
-    EXPECT_TRUE(Find("rbAnagram")->isEnabled()) << wildcard;
-  }
-}
-
 TEST_F(MainWindowTest, PastedTextIsHeldToTheSameRules) {
   ASSERT_TRUE(Start());
   const QString longText(10000, 'a');
