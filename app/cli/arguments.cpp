@@ -1,18 +1,12 @@
 #include "app/cli/arguments.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/text.h"
 #include "lexicon/lexicon.h"
 
 namespace quorvane::cli {
 namespace {
-
-// An empty value behind "=" would be taken from the next argument.
-constexpr std::array<std::string_view, 11> kValueOptions = {"--include", "--exclude",  "--rack",        "--type",
-                                                            "--lexicon", "--data-dir", "--length",      "--sort",
-                                                            "--seed",    "--save",     "--save-lexicon"};
 
 std::optional<std::string> CheckList(ListKind kind, const char* option, const std::string& characters) {
   const ListFacts& facts = FactsOf(kind);
@@ -80,7 +74,8 @@ std::optional<std::string> FindArguments::Settle() {
   return std::nullopt;
 }
 
-std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv) {
+std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv,
+                                          const std::function<bool(const std::string& name)>& takesValue) {
   std::vector<std::string> arguments;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
@@ -88,11 +83,9 @@ std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv) {
       arguments.insert(arguments.end(), argv + i, argv + argc);
       break;
     }
-    const bool takesValue =
-        argument.ends_with('=') && std::find(kValueOptions.begin(), kValueOptions.end(),
-                                             argument.substr(0, argument.size() - 1)) != kValueOptions.end();
-    if (takesValue) {
-      arguments.push_back(argument.substr(0, argument.size() - 1));
+    const std::string name = argument.substr(0, argument.size() - 1);
+    if (argument.starts_with("--") && argument.ends_with('=') && takesValue(name)) {
+      arguments.push_back(name);
       arguments.emplace_back();
     } else {
       arguments.push_back(argument);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -47,6 +48,8 @@ struct FindArguments {
 };
 
 // Arguments with "--include=" and its like split in two, so that an empty value stays the option's own.
-std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv);
+// `takesValue` says of an option's name whether the option has one.
+std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv,
+                                          const std::function<bool(const std::string& name)>& takesValue);
 
 }  // namespace quorvane::cli

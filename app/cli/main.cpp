@@ -32,6 +32,11 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   command->add_option("--rack", arguments.rack, "Tiles that = stands for; - and ? are blanks (default none)");
 }
 
+bool TakesValue(const CLI::App& command, const std::string& name) {
+  const CLI::Option* option = command.get_option_no_throw(name);
+  return option != nullptr && option->get_items_expected_max() > 0;
+}
+
 // The first word behind the command that is neither an option nor an option's value, when it begins with "-" and stands
 // in front of any "--": a pattern that would be taken for an option, or for a number. Empty when there is none.
 std::string DashedPattern(const CLI::App& command, const std::vector<std::string>& arguments) {
@@ -40,12 +45,10 @@ std::string DashedPattern(const CLI::App& command, const std::vector<std::string
     if (argument.size() < 2 || argument[0] != '-') {
       break;
     }
-    const CLI::Option* option = command.get_option_no_throw(argument.substr(0, argument.find('=')));
-    if (option == nullptr) {
+    if (command.get_option_no_throw(argument.substr(0, argument.find('='))) == nullptr) {
       return argument;
     }
-    const bool takesNext = option->get_items_expected_max() > 0 && argument.find('=') == std::string::npos;
-    i += takesNext ? 1 : 0;
+    i += TakesValue(command, argument) ? 1 : 0;
   }
   return {};
 }
@@ -105,7 +108,9 @@ int Run(int argc, const char* const* argv) {
   makeCommand->add_option("INPUT", makeInputs, "Word lists")->required();
   makeCommand->add_option("-o", makeOutput, "The lexicon file to write")->required();
 
-  const std::vector<std::string> arguments = SplitEmptyValues(argc, argv);
+  const std::vector<std::string> arguments = SplitEmptyValues(argc, argv, [&](const std::string& name) {
+    return TakesValue(*findCommand, name) || TakesValue(*explainCommand, name) || TakesValue(*statsCommand, name);
+  });
   for (const CLI::App* command : {findCommand, explainCommand}) {
     if (arguments.empty() || arguments.front() != command->get_name()) {
       continue;
