@@ -6,15 +6,15 @@
 #include <QRadioButton>
 
 #include "app/main_window.h"
-#include "base/click_label_panel.h"
-#include "lookup/lookup_panel.h"
-#include "results/appearance_panel.h"
-#include "results/result_options_panel.h"
-#include "results/sort_panel.h"
-#include "search/length_panel.h"
-#include "search/lists_panel.h"
-#include "search/pattern_panel.h"
-#include "settings/light_palette.h"
+#include "base/window/labels.h"
+#include "lookup/window/lookup_panel.h"
+#include "results/window/appearance_panel.h"
+#include "results/window/result_options_panel.h"
+#include "results/window/sort_panel.h"
+#include "search/window/length_panel.h"
+#include "search/window/lists_panel.h"
+#include "search/window/pattern_panel.h"
+#include "settings/window/light_palette.h"
 
 namespace quorvane {
 namespace {

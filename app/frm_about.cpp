@@ -7,10 +7,10 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
-#include "base/click_label_panel.h"
-#include "base/qt_text.h"
 #include "base/text.h"
 #include "base/version.h"
+#include "base/window/labels.h"
+#include "base/window/qt_text.h"
 
 namespace quorvane {
 namespace {

@@ -12,8 +12,8 @@
 #include <QStorageInfo>
 #include <QTreeView>
 
-#include "base/click_label_panel.h"
-#include "base/qt_text.h"
+#include "base/window/labels.h"
+#include "base/window/qt_text.h"
 #include "settings/settings_table.h"
 
 namespace quorvane {

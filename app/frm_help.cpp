@@ -6,8 +6,8 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
-#include "base/click_label_panel.h"
-#include "base/qt_text.h"
+#include "base/window/labels.h"
+#include "base/window/qt_text.h"
 #include "search/wildcards.h"
 
 namespace quorvane {

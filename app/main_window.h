@@ -9,7 +9,7 @@
 #include "app/commands.h"
 #include "app/services.h"
 #include "app/session.h"
-#include "results/results_panel.h"
+#include "results/window/results_panel.h"
 
 class QLabel;
 class QProgressBar;

@@ -5,11 +5,11 @@
 #include "app/frm_about.h"
 #include "app/frm_help.h"
 #include "app/main_window.h"
-#include "base/qt_text.h"
-#include "results/frm_info.h"
-#include "results/result_options_panel.h"
-#include "settings/frm_colour_choice.h"
+#include "base/window/qt_text.h"
+#include "results/window/frm_info.h"
+#include "results/window/result_options_panel.h"
 #include "settings/settings_table.h"
+#include "settings/window/frm_colour_choice.h"
 
 namespace quorvane {
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <string>
 
-#include "base/door.h"
+#include "base/window/door.h"
 #include "search/scan.h"
 #include "settings/event_log.h"
 #include "settings/settings_store.h"

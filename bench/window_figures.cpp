@@ -16,9 +16,9 @@
 #include <vector>
 
 #include "app/main_window.h"
-#include "app/start_up.h"
-#include "base/qt_text.h"
-#include "settings/ini_store.h"
+#include "app/start/start_up.h"
+#include "base/window/qt_text.h"
+#include "settings/window/ini_store.h"
 
 namespace {
 

@@ -1,5 +1,7 @@
 """Holds the architecture: which folder may include which, and that the engine knows no window toolkit.
 
+A file's layer is its path: FOLDER/window/ and app/ are the window, everything else in FOLDER/ and cli/ is the engine.
+
 Usage: check_layers.py SOURCE_DIRECTORY. Exit status 1 and a line for each breach.
 """
 
@@ -8,7 +10,7 @@ import re
 import sys
 
 # Folder -> the folders whose headers it may include, besides its own.
-ARROWS = {
+SUBJECTS = {
     "base": set(),
     "lexicon": {"base"},
     "search": {"base", "lexicon"},
@@ -16,38 +18,41 @@ ARROWS = {
     "print": {"base", "lexicon", "search", "results", "settings"},
     "settings": {"base"},
     "lookup": {"base"},
-    "app": {"base", "lexicon", "search", "results", "print", "settings", "lookup"},
 }
-# Dialogs and panels may use the settings, too.
-WINDOW_EXTRA = {"settings"}
+ARROWS = SUBJECTS | {"app": set(SUBJECTS), "cli": set(SUBJECTS)}
 
 INCLUDE = re.compile(r'^\s*#include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
 
-def engine_sources(folder: pathlib.Path) -> set:
-    """The files that the folder's engine target lists."""
-    text = (folder / "CMakeLists.txt").read_text()
-    return {name for name in re.findall(r"[\w/]+\.(?:cpp|h)", text)}
+def is_window(path: pathlib.PurePath) -> bool:
+    return path.parts[0] == "app" or path.parts[1] == "window"
+
+
+def breach_of(where: pathlib.PurePath, quoted: str, angled: str) -> str:
+    """Why the file may not have this include; empty when it may."""
+    folder = where.parts[0]
+    if angled:
+        return "the engine includes a header of the window toolkit" if angled.startswith("Q") and not is_window(where) else ""
+    target = pathlib.PurePath(quoted)
+    if target.parts[0] not in ARROWS:
+        return "a header is named by its path from the top"
+    if is_window(target) and not is_window(where):
+        return "the engine includes a window header"
+    # Dialogs and panels may use the settings, too.
+    allowed = ARROWS[folder] | {folder} | ({"settings"} if is_window(where) else set())
+    return "" if target.parts[0] in allowed else f"no arrow leads from {folder} to {target.parts[0]}"
 
 
 def check(root: pathlib.Path) -> list:
     breaches = []
-    for name, allowed in ARROWS.items():
-        folder = root / name
-        engine = engine_sources(folder / "cli" if name == "app" else folder)
-        for path in sorted(folder.rglob("*")):
+    for folder in ARROWS:
+        for path in sorted((root / folder).rglob("*")):
             if path.suffix not in (".h", ".cpp"):
                 continue
             where = path.relative_to(root)
-            is_engine = path.name in engine and (name != "app" or path.parent.name == "cli")
-            if is_engine and (path.name.startswith("frm_") or path.stem.endswith(("_panel", "_model"))):
-                breaches.append(f"{where}: named like a window file but built into the engine")
-            may = allowed | {name} | (set() if is_engine else WINDOW_EXTRA)
             for quoted, angled in INCLUDE.findall(path.read_text(encoding="utf-8")):
-                if quoted and "/" in quoted and quoted.split("/")[0] in ARROWS and quoted.split("/")[0] not in may:
-                    breaches.append(f"{where}: {name} may not include {quoted}")
-                if is_engine and angled.startswith("Q"):
-                    breaches.append(f"{where}: the engine includes <{angled}>")
+                if breach := breach_of(where, quoted, angled):
+                    breaches.append(f"{where}: {quoted or angled}: {breach}")
     return breaches
 
 

@@ -17,11 +17,11 @@
 #include <string>
 
 #include "app/main_window.h"
-#include "app/start_up.h"
-#include "base/qt_text.h"
-#include "print/printing.h"
-#include "settings/ini_store.h"
+#include "app/start/start_up.h"
+#include "base/window/qt_text.h"
+#include "print/window/printing.h"
 #include "settings/settings_table.h"
+#include "settings/window/ini_store.h"
 
 namespace quorvane {
 namespace {

@@ -1,6 +1,6 @@
 // The nine colours of the main window: chosen, shown at once, stored and reset.
 
-#include "settings/light_palette.h"
+#include "settings/window/light_palette.h"
 #include "tests/window/window_fixture.h"
 
 namespace quorvane::test {

@@ -1,6 +1,6 @@
 // Printing, its setup, and looking words up, from the window.
 
-#include "print/printing.h"
+#include "print/window/printing.h"
 #include "tests/window/window_fixture.h"
 
 namespace quorvane::test {

@@ -12,7 +12,7 @@
 #include <QWindow>
 #include <sstream>
 
-#include "base/qt_text.h"
+#include "base/window/qt_text.h"
 
 namespace quorvane::test {
 

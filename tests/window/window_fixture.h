@@ -37,10 +37,10 @@
 
 #include "app/main_window.h"
 #include "app/services.h"
-#include "app/start_up.h"
-#include "base/qt_text.h"
+#include "app/start/start_up.h"
 #include "base/version.h"
-#include "settings/ini_store.h"
+#include "base/window/qt_text.h"
+#include "settings/window/ini_store.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvane::test {

@@ -1,0 +1,97 @@
+#include "cli/arguments.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "lexicon/lexicon.h"
+
+namespace quorvane::cli {
+namespace {
+
+std::optional<std::string> CheckList(ListKind kind, const char* option, const std::string& characters) {
+  const ListFacts& facts = FactsOf(kind);
+  for (size_t i = 0; i < characters.size(); ++i) {
+    const char c = characters[i];
+    const std::string shown = "'" + std::string(1, c) + "'";
+    if (!IsLetter(c) && !(facts.blankTiles && (c == '-' || c == '?'))) {
+      return std::string(option) + ": " + shown + " in '" + characters + "' is not allowed; it takes letters" +
+             (facts.blankTiles ? ", - and ?" : "");
+    }
+    if (!facts.repeats && characters.find(c) < i) {
+      return std::string(option) + ": " + shown + " stands more than once in '" + characters + "'";
+    }
+  }
+  return std::nullopt;
+}
+
+bool IsLength(std::string_view text, int& length) {
+  return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit) && ParseInteger(text, length) && length >= 1 &&
+         length <= kLongestLengthOffered;
+}
+
+}  // namespace
+
+std::optional<std::string> SearchArguments::Settle() {
+  const auto named = WordTypeOfOption(typeName);
+  if (!named) {
+    return "--type: '" + typeName + "' is none of word, palindrome, anagram and exact";
+  }
+  type = *named;
+  lists = {include, exclude, rack};
+  for (const auto& [kind, option] :
+       {std::pair{ListKind::Include, "--include"}, {ListKind::Exclude, "--exclude"}, {ListKind::Scrabble, "--rack"}}) {
+    if (auto problem = CheckList(kind, option, lists.Of(kind))) {
+      return problem;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> FindArguments::Settle() {
+  if (auto problem = search.Settle()) {
+    return problem;
+  }
+  if (!lengthText.empty()) {
+    const size_t dash = lengthText.find('-');
+    range.any = false;
+    const std::string from = lengthText.substr(0, dash);
+    const std::string to = dash == std::string::npos ? from : lengthText.substr(dash + 1);
+    if (!IsLength(from, range.min) || !IsLength(to, range.max) || range.min > range.max) {
+      return "--length: '" + lengthText + "' is neither a number nor MIN-MAX from 1 to 60";
+    }
+  }
+  if (sortName == "short") {
+    order = SortOrder::ShortestFirst;
+  } else if (sortName == "long") {
+    order = SortOrder::LongestFirst;
+  } else if (sortName != "alpha") {
+    return "--sort: '" + sortName + "' is none of alpha, short and long";
+  }
+  if (FromStandardInput() && (!saveFile.empty() || !saveLexicon.empty())) {
+    return std::string(saveFile.empty() ? "--save-lexicon" : "--save") +
+           " saves one search; it does not go with find -";
+  }
+  return std::nullopt;
+}
+
+std::vector<std::string> SplitEmptyValues(int argc, const char* const* argv,
+                                          const std::function<bool(const std::string& name)>& takesValue) {
+  std::vector<std::string> arguments;
+  for (int i = 1; i < argc; ++i) {
+    const std::string argument = argv[i];
+    if (argument == "--") {
+      arguments.insert(arguments.end(), argv + i, argv + argc);
+      break;
+    }
+    const std::string name = argument.substr(0, argument.size() - 1);
+    if (argument.starts_with("--") && argument.ends_with('=') && takesValue(name)) {
+      arguments.push_back(name);
+      arguments.emplace_back();
+    } else {
+      arguments.push_back(argument);
+    }
+  }
+  return arguments;
+}
+
+}  // namespace quorvane::cli

@@ -1,0 +1,160 @@
+#include "cli/lexicon_commands.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "base/program_directory.h"
+#include "base/text.h"
+#include "cli/json.h"
+#include "cli/output.h"
+#include "lexicon/lexicon_maker.h"
+#include "lexicon/load_report.h"
+#include "results/statistics.h"
+
+namespace quorvane::cli {
+namespace {
+
+const char* NameOf(LoadOutcome outcome) {
+  switch (outcome) {
+    case LoadOutcome::Ok:
+      return "ok";
+    case LoadOutcome::Capacity:
+      return "capacity";
+    case LoadOutcome::NotSorted:
+    case LoadOutcome::NotSortedError:
+      return "notalpha";
+    case LoadOutcome::ListError:
+      break;
+  }
+  return "list_err";
+}
+
+std::string PadLeft(const std::string& text, size_t width) {
+  return std::string(text.size() < width ? width - text.size() : 0, ' ') + text;
+}
+
+template <class Rows>
+void WriteTable(Output& output, const char* title, const Rows& rows) {
+  output.Write(std::string(title) + "\n");
+  for (const StatisticsRow& row : rows) {
+    output.Write(PadLeft(row.label, 5) + PadLeft(std::to_string(row.count), 10) + "\n");
+  }
+}
+
+// All bytes of a file; an errno value on failure.
+int ReadAll(const std::string& path, std::string& bytes) {
+  std::error_code code;
+  if (std::filesystem::is_directory(path, code)) {
+    return EISDIR;
+  }
+  const FileHandle file(std::fopen(path.c_str(), "rb"));
+  if (file == nullptr) {
+    return errno;
+  }
+  std::string piece(size_t{1} << 20, '\0');
+  size_t read = 0;
+  while ((read = std::fread(piece.data(), 1, piece.size(), file.get())) > 0) {
+    bytes.append(piece, 0, read);
+  }
+  return std::ferror(file.get()) != 0 ? errno : 0;
+}
+
+}  // namespace
+
+std::string DescribeLoad(const std::string& path, const LoadResult& loaded) {
+  std::string text = path + ": " + ReportOf(loaded).boxText;
+  if (loaded.outcome == LoadOutcome::ListError) {
+    text += " Word #" + std::to_string(loaded.count) + " '" + loaded.lastWord + "' (error " +
+            std::to_string(loaded.error.number) + ", " + loaded.error.description + ")";
+  }
+  return text;
+}
+
+std::string LexiconPath(const std::string& lexicon, const std::string& dataDir) {
+  if (!lexicon.empty()) {
+    return lexicon;
+  }
+  const ProgramDirectory directory = SettleProgramDirectory(ProgramDirectoryInputOfProcess(dataDir));
+  if (directory.problem) {
+    Complain(directory.problem->Text());
+  }
+  return JoinPath(directory.path, kDefaultLexiconName);
+}
+
+int ShowStatistics(const std::string& path) {
+  Output output;
+  const LoadResult loaded = LoadLexicon(path);
+  if (loaded.outcome != LoadOutcome::Ok) {
+    Complain(DescribeLoad(path, loaded));
+  }
+  if (!loaded.Usable()) {
+    return kFailed;
+  }
+  output.Write(std::to_string(loaded.count) + " word" + std::string(PluralS(loaded.count)) + " in " + path + "\n\n");
+  WriteTable(output, "Count by letter", CountByLetter(*loaded.lexicon));
+  output.Write("\n");
+  WriteTable(output, "Count by length", CountByLength(*loaded.lexicon));
+  return output.Finish(kFound);
+}
+
+int CheckLexicon(const std::string& path, bool json) {
+  Output output;
+  const LoadResult loaded = LoadLexicon(path);
+  if (json) {
+    output.Write(JsonObject()
+                     .Text("outcome", NameOf(loaded.outcome))
+                     .Text("message", ReportOf(loaded).boxText)
+                     .Number("count", loaded.count)
+                     .Text("word", loaded.lastWord)
+                     .Numbers("letter_start", loaded.letterStart)
+                     .Numbers("length_count", loaded.lengthCount)
+                     .Line());
+  } else if (loaded.outcome == LoadOutcome::Ok) {
+    output.Write(path + ": " + std::to_string(loaded.count) + " word" + std::string(PluralS(loaded.count)) +
+                 ", usable\n");
+  } else {
+    output.Write(DescribeLoad(path, loaded) + "\n");
+  }
+  return output.Finish(loaded.Usable() ? kFound : kFailed);
+}
+
+int MakeLexicon(const std::vector<std::string>& inputs, const std::string& outputPath) {
+  LexiconMaker maker;
+  for (const std::string& input : inputs) {
+    std::string bytes;
+    if (const int error = ReadAll(input, bytes); error != 0) {
+      Complain("can't read " + input + ": " + std::strerror(error));
+      return kFailed;
+    }
+    maker.AddList(bytes);
+  }
+  const std::vector<std::string>& words = maker.Finish();
+  Note(std::to_string(maker.LinesRead()) + " lines read, " + std::to_string(words.size()) + " words kept");
+  for (const LeftOut reason : {LeftOut::Empty, LeftOut::TooLong, LeftOut::OtherCharacters, LeftOut::Repeated}) {
+    const LeftOutLines& left = maker.Left(reason);
+    if (left.count == 0) {
+      continue;
+    }
+    std::string examples;
+    for (const std::string& example : left.examples) {
+      examples += (examples.empty() ? " (" : ", ") + ("'" + example + "'");
+    }
+    Note(std::to_string(left.count) + " left out, " + std::string(DescriptionOf(reason)) + examples + ")");
+  }
+  if (words.size() > static_cast<size_t>(kLexiconCapacity)) {
+    Complain(std::to_string(words.size()) + " words are more than a lexicon holds (2,000,000); nothing was written");
+    return kFailed;
+  }
+  if (words.empty()) {
+    Complain("no word was kept; nothing was written");
+    return kFailed;
+  }
+  if (const auto error = WriteLexiconFile(outputPath, words)) {
+    Complain("can't write " + error->Text());
+    return kFailed;
+  }
+  return kFound;
+}
+
+}  // namespace quorvane::cli

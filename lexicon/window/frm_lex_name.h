@@ -1,0 +1,32 @@
+// Asks for the name of a new lexicon.
+#pragma once
+
+#include <QDialog>
+#include <string>
+
+#include "base/window/door.h"
+
+class QLineEdit;
+
+namespace quorvane {
+
+class FrmLexName : public QDialog {
+  Q_OBJECT
+
+ public:
+  FrmLexName(std::string directory, Door& door, QWidget* parent);
+
+  // The accepted name, without directory and extension; empty when none was accepted.
+  const std::string& Name() const { return name_; }
+
+ private:
+  void Clean();
+  void AcceptName();
+
+  const std::string directory_;
+  Door& door_;
+  QLineEdit* tbName_ = nullptr;
+  std::string name_;
+};
+
+}  // namespace quorvane

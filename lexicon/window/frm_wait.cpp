@@ -1,0 +1,25 @@
+#include "lexicon/window/frm_wait.h"
+
+#include <QCoreApplication>
+#include <QVBoxLayout>
+
+#include "base/window/labels.h"
+
+namespace quorvane {
+
+FrmWait::FrmWait(QWidget* parent) : QDialog(parent) {
+  setObjectName("frmWait");
+  setWindowTitle("Loading lexicon file ...");
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(36, 28, 36, 28);
+  layout->addWidget(MakeLabel("lblIniMsg", "Please wait while the lexicon file is being loaded ...", {}, this));
+}
+
+void FrmWait::ShowNow() {
+  show();
+  // The window system maps and exposes the window through events; user input stays in the queue meanwhile.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  repaint();
+}
+
+}  // namespace quorvane

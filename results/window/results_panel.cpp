@@ -1,0 +1,65 @@
+#include "results/window/results_panel.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "base/window/labels.h"
+#include "base/window/qt_text.h"
+#include "results/summary.h"
+
+namespace quorvane {
+namespace {
+
+constexpr int kFirstListTwips = 3540;
+
+}  // namespace
+
+ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
+  setObjectName("resultsPanel");
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  lblAnswers_ = MakeLabel("lblAnswers", "Results :", {}, this);
+  lbWordList_ = Described(new WordListView(this), "lbWordList", "The words found; a double click copies one");
+  lbWordList_->setAccessibleName("Results");
+  SetRegionHeight(PixelsOfTwips(kFirstListTwips));
+  lbWordList_->setMinimumWidth(240);
+  lblAnswers_->setBuddy(lbWordList_);
+  lblXofY_ = MakeReadableLabel("lblXofY", "Number of word within current list, and also word length", this);
+  lblXofY_->setMinimumHeight(2 * lblXofY_->fontMetrics().lineSpacing() + 8);
+  lblXofY_->setAlignment(Qt::AlignTop);
+  layout->addWidget(lblAnswers_);
+  layout->addWidget(lbWordList_, 1);
+  layout->addWidget(lblXofY_);
+  model_ = new WordListModel(results_, this);
+  lbWordList_->setModel(model_);
+  connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsPanel::SelectionChanged);
+  connect(lbWordList_, &QAbstractItemView::clicked, this, &ResultsPanel::SelectionChanged);
+  connect(lbWordList_, &QAbstractItemView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
+}
+
+std::optional<size_t> ResultsPanel::Selected() const {
+  const QModelIndexList selected = lbWordList_->selectionModel()->selectedIndexes();
+  return selected.isEmpty() ? std::nullopt : std::optional(static_cast<size_t>(selected.front().row()));
+}
+
+void ResultsPanel::ClearPosition() {
+  lblXofY_->clear();
+}
+
+void ResultsPanel::SetRegionHeight(int height) {
+  lbWordList_->SetFirstHeight(height);
+}
+
+void ResultsPanel::SelectionChanged() {
+  const auto selected = Selected();
+  if (selected) {
+    const auto length = static_cast<int64_t>(results_.Entry(*selected).size());
+    lblXofY_->setText(ScreenText(
+        PositionText(static_cast<int64_t>(*selected) + 1, length, static_cast<int64_t>(results_.FoundCount()))));
+  } else {
+    ClearPosition();
+  }
+  emit EntrySelected(selected.has_value());
+}
+
+}  // namespace quorvane

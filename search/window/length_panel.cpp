@@ -1,0 +1,104 @@
+#include "search/window/length_panel.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "base/window/labels.h"
+#include "base/window/qt_text.h"
+#include "lexicon/lexicon.h"
+#include "settings/settings_table.h"
+
+namespace quorvane {
+
+LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
+    : QGroupBox("Word lengths", parent), settings_(settings) {
+  setObjectName("frLen");
+  rbAnyLen_ = Named(new QRadioButton("An&y size", this), "rbAnyLen", "All words of whatever length");
+  rbSpecLen_ =
+      Named(new QRadioButton("Specific Si&ze", this), "rbSpecLen", "Constrains words to be within certain lengths");
+  cbLenFr_ = Named(new QComboBox(this), "cbLenFr", "Min. word length");
+  cbLenTo_ = Named(new QComboBox(this), "cbLenTo", "Max. word length");
+  cbLenFr_->setAccessibleName("Min. word length");
+  cbLenTo_->setAccessibleName("Max. word length");
+  lblToLit_ = MakeLabel("lblToLit", "to", {}, this);
+  auto* layout = new QVBoxLayout(this);
+  layout->setSpacing(2);
+  layout->setContentsMargins(11, 5, 11, 7);
+  layout->addWidget(rbAnyLen_);
+  layout->addWidget(rbSpecLen_);
+  auto* range = new QHBoxLayout;
+  range->setSpacing(6);
+  range->addWidget(cbLenFr_, 1);
+  range->addWidget(lblToLit_);
+  range->addWidget(cbLenTo_, 1);
+  layout->addLayout(range);
+  rbAnyLen_->setChecked(true);
+  SetRange(1, storedMax_);
+  connect(rbAnyLen_, &QRadioButton::clicked, this, [this] { emit Status("Words of any length will be selected"); });
+  connect(rbSpecLen_, &QRadioButton::clicked, this, &LengthPanel::ShowRange);
+  connect(cbLenFr_, &QComboBox::activated, this, &LengthPanel::MinimumChosen);
+  connect(cbLenTo_, &QComboBox::activated, this, &LengthPanel::MaximumChosen);
+}
+
+bool LengthPanel::AnyLength() const {
+  return rbAnyLen_->isChecked();
+}
+
+int LengthPanel::Min() const {
+  return cbLenFr_->currentText().toInt();
+}
+
+int LengthPanel::Max() const {
+  return cbLenTo_->currentText().toInt();
+}
+
+void LengthPanel::SetRange(int min, int max) {
+  cbLenFr_->clear();
+  for (int length = 1; length <= kLongestLengthOffered; ++length) {
+    cbLenFr_->addItem(QString::number(length));
+  }
+  cbLenFr_->setCurrentIndex(min - 1);
+  storedMax_ = max;
+  FillMaximum(min, max);
+}
+
+void LengthPanel::SelectAnyLength() {
+  rbAnyLen_->setChecked(true);
+}
+
+void LengthPanel::FillMaximum(int min, int max) {
+  cbLenTo_->clear();
+  for (int length = min; length <= kLongestLengthOffered; ++length) {
+    cbLenTo_->addItem(QString::number(length));
+  }
+  cbLenTo_->setCurrentIndex(qMax(max - min, 0));
+}
+
+void LengthPanel::MinimumChosen() {
+  bool numeric = false;
+  const int shown = cbLenTo_->currentText().toInt(&numeric);
+  FillMaximum(Min(), numeric ? shown : storedMax_);
+  SaveSetting(settings_, Setting::MinLength, std::to_string(Min()));
+  MaximumChosen();
+}
+
+void LengthPanel::MaximumChosen() {
+  storedMax_ = Max();
+  SaveSetting(settings_, Setting::MaxLength, std::to_string(storedMax_));
+  ShowRange();
+}
+
+void LengthPanel::ShowRange() {
+  emit Status("Words with lengths between " + std::to_string(Min()) + " and " + std::to_string(Max()) +
+              " only will be selected");
+}
+
+QList<QWidget*> LengthPanel::MainTextControls() const {
+  return {rbAnyLen_, rbSpecLen_, lblToLit_};
+}
+
+}  // namespace quorvane
