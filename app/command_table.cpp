@@ -1,8 +1,13 @@
 #include "app/command_table.h"
 
+#include <algorithm>
 #include <array>
 
-#include "app/commands.h"
+#include "app/file_controller.h"
+#include "app/option_controller.h"
+#include "app/option_table.h"
+#include "app/search_controller.h"
+#include "settings/colours.h"
 
 namespace quorvane {
 namespace {
@@ -16,76 +21,171 @@ constexpr std::array kMenus = {
     MenuRow{Menu::Help, "menHelp", "&Help"},
 };
 
-constexpr CommandRow Separator(Menu menu, const char* name) {
-  return {menu, name, nullptr};
+constexpr CommandRow Separator(Menu menu, std::string_view name) {
+  return {.menu = menu, .name = name, .caption = {}};
 }
 
-constexpr CommandRow Item(Menu menu, const char* name, const char* caption, void (Commands::*run)(), int key = 0,
-                          bool (Commands::*keyAllowed)() const = nullptr, bool checkable = false) {
-  return {menu, name, caption, run, key, keyAllowed, checkable};
+bool HasFound(const CommandState& state) {
+  return state.found > 0;
 }
 
-constexpr CommandRow Tick(Menu menu, const char* name, const char* caption, void (Commands::*run)(), int key = 0,
-                          bool (Commands::*keyAllowed)() const = nullptr) {
-  return Item(menu, name, caption, run, key, keyAllowed, true);
+bool CanPrint(const CommandState& state) {
+  return state.entries > 0 && state.found <= kMostPrintable && state.session.printerName != kUndefinedPrinter;
 }
 
-constexpr std::array kRows = {
-    Item(Menu::File, "menNewLex", "&Open new lexicon (F7)", &Commands::OpenNewLexicon, 7),
+bool CanSaveAsLexicon(const CommandState& state) {
+  return state.found > 0 && state.session.input.saveAsLexicon;
+}
+
+bool CanLookUp(const CommandState& state) {
+  return state.found > 0 && state.wordSelected;
+}
+
+bool AnagramsAllowed(const CommandState& state) {
+  return state.session.input.anagrams;
+}
+
+bool PalindromesAllowed(const CommandState& state) {
+  return state.session.input.palindrome;
+}
+
+constexpr std::array kFile = {
+    CommandRow{Command::OpenLexicon, Menu::File, "menNewLex", "&Open new lexicon (F7)",
+               [](const Controllers& c, int) { c.files.OpenNewLexicon(); }, 0, 7},
     Separator(Menu::File, "menSep"),
-    Item(Menu::File, "menFileSaveFile", "Change Save &Filename", &Commands::ChangeSaveName),
-    Item(Menu::File, "menFileSaveData", "&Save Current List (F8)", &Commands::SaveList, 8, &Commands::CanSave),
-    Item(Menu::File, "menSaveAsLex", "Save Current List (as le&xicon file)", &Commands::SaveAsLexicon),
+    CommandRow{Command::ChangeSaveFile, Menu::File, "menFileSaveFile", "Change Save &Filename",
+               [](const Controllers& c, int) { c.files.ChangeSaveName(); }},
+    CommandRow{Command::SaveList, Menu::File, "menFileSaveData", "&Save Current List (F8)",
+               [](const Controllers& c, int) { c.files.SaveList(); }, 0, 8, HasFound},
+    CommandRow{Command::SaveAsLexicon, Menu::File, "menSaveAsLex", "Save Current List (as le&xicon file)",
+               [](const Controllers& c, int) { c.files.SaveAsLexicon(); }, 0, 0, CanSaveAsLexicon},
     Separator(Menu::File, "menSep2"),
-    Item(Menu::File, "menChangeWeblink", "Change &Definition link resource (F6)", &Commands::ChangeWeblink, 6),
+    CommandRow{Command::ChangeResource, Menu::File, "menChangeWeblink", "Change &Definition link resource (F6)",
+               [](const Controllers& c, int) { c.files.ChangeWeblink(); }, 0, 6},
     Separator(Menu::File, "menSep3"),
-    Item(Menu::File, "menFilePrint", "&Print", &Commands::Print),
-    Item(Menu::File, "menFilePrinterSetup", "Printer S&etup", &Commands::SetUpPrinter),
+    CommandRow{Command::Print, Menu::File, "menFilePrint", "&Print", [](const Controllers& c, int) { c.files.Print(); },
+               0, 0, CanPrint},
+    CommandRow{Command::SetUpPrinter, Menu::File, "menFilePrinterSetup", "Printer S&etup",
+               [](const Controllers& c, int) { c.files.SetUpPrinter(); }},
     Separator(Menu::File, "menSep6"),
-    Item(Menu::File, "menExit", "E&xit", &Commands::Exit),
+    CommandRow{Command::Exit, Menu::File, "menExit", "E&xit", [](const Controllers& c, int) { c.files.Exit(); }},
+    CommandRow{.command = Command::LookUp,
+               .name = "cmdWebLink",
+               .caption = "&Definition (F5)",
+               .run = [](const Controllers& c, int) { c.files.LookUp(); },
+               .functionKey = 5,
+               .enabled = CanLookUp,
+               .inMenu = false},
+};
 
-    Item(Menu::Select, "menSelectChars", "&Include Characters for #", &Commands::ChangeIncludeList, 2),
-    Item(Menu::Select, "menExcludeChars", "&Exlude", &Commands::ChangeExcludeList, 3),
-    Item(Menu::Select, "menScrabbleChars", "&Scrabble", &Commands::ChangeScrabbleList, 4),
+constexpr CommandRow List(ListKind kind, std::string_view name, std::string_view caption, int key) {
+  return {Command::EditList,
+          Menu::Select,
+          name,
+          caption,
+          [](const Controllers& c, int which) { c.search.EditList(static_cast<ListKind>(which)); },
+          static_cast<int>(kind),
+          key};
+}
 
-    Tick(Menu::WordType, "menWordTypeWordList", "F9: &Word List", &Commands::ChooseWordList, 9),
-    Tick(Menu::WordType, "menWordTypePalindrome", "F10: &Palindrome", &Commands::ChoosePalindrome, 10),
-    Tick(Menu::WordType, "menWordTypeAnagram", "F11: &Anagram (All words)", &Commands::ChooseAnagram, 11,
-         &Commands::CanChooseAnagram),
-    Tick(Menu::WordType, "menWordTypeAnagramExact", "F12: Anagra&m (Exact length)", &Commands::ChooseAnagramExact, 12,
-         &Commands::CanChooseAnagram),
+constexpr std::array kLists = {
+    List(ListKind::Include, "menSelectChars", "&Include Characters for #", 2),
+    List(ListKind::Exclude, "menExcludeChars", "&Exlude", 3),
+    List(ListKind::Scrabble, "menScrabbleChars", "&Scrabble", 4),
+};
 
-    Tick(Menu::Options, "menTimer", "Use &timer", &Commands::ToggleTimer),
-    Tick(Menu::Options, "menWriteToLog", "Write to &log file", &Commands::ToggleLog),
-    Tick(Menu::Options, "menWideScreen", "&Wide Screen", &Commands::ToggleWideScreen),
+constexpr CommandRow Mode(WordType type, std::string_view name, std::string_view caption, int key,
+                          bool (*enabled)(const CommandState&) = nullptr, bool keyActsAlways = false) {
+  return {
+      Command::ChooseMode,
+      Menu::WordType,
+      name,
+      caption,
+      [](const Controllers& c, int which) { c.search.SelectMode(static_cast<WordType>(which)); },
+      static_cast<int>(type),
+      key,
+      enabled,
+      [](const CommandState& state, int which) { return state.session.input.selected == static_cast<WordType>(which); },
+      keyActsAlways};
+}
+
+constexpr std::array kModes = {
+    Mode(WordType::WordList, "menWordTypeWordList", "F9: &Word List", 9),
+    Mode(WordType::Palindrome, "menWordTypePalindrome", "F10: &Palindrome", 10, PalindromesAllowed, true),
+    Mode(WordType::Anagram, "menWordTypeAnagram", "F11: &Anagram (All words)", 11, AnagramsAllowed),
+    Mode(WordType::AnagramExact, "menWordTypeAnagramExact", "F12: Anagra&m (Exact length)", 12, AnagramsAllowed),
+};
+
+CommandRow OptionItem(const OptionRow& option) {
+  return {.command = Command::ToggleOption,
+          .menu = Menu::Options,
+          .name = option.item,
+          .caption = option.caption,
+          .run = [](const Controllers& c, int which) { c.options.Toggle(static_cast<Option>(which)); },
+          .which = static_cast<int>(option.option),
+          .ticked =
+              [](const CommandState& state, int which) {
+                const auto found = state.session.options.find(static_cast<Option>(which));
+                return found != state.session.options.end() && found->second;
+              }};
+}
+
+CommandRow ColourItem(const ColourElementRow& colour) {
+  return {.command = Command::ChooseColour,
+          .menu = Menu::Colours,
+          .name = colour.menuItem,
+          .caption = colour.menuCaption,
+          .run = [](const Controllers& c, int which) { c.options.ChooseColour(static_cast<ColourElement>(which)); },
+          .which = static_cast<int>(colour.element)};
+}
+
+constexpr std::array kLog = {
     Separator(Menu::Options, "menSep7"),
-    Item(Menu::Options, "menClearLog", "&Clear log file (created XX/YY/ZZ)", &Commands::ClearLog),
+    CommandRow{Command::ClearLog, Menu::Options, "menClearLog", "&Clear log file (created XX/YY/ZZ)",
+               [](const Controllers& c, int) { c.options.ClearLog(); }},
+};
 
-    Item(Menu::Colours, "menMainBack", "&Main Background", &Commands::ColourMainBack),
-    Item(Menu::Colours, "memMainText", "Main Te&xt", &Commands::ColourMainText),
-    Item(Menu::Colours, "menResBack", "Results box &Background", &Commands::ColourResultsBack),
-    Item(Menu::Colours, "menResText", "Results box &Text", &Commands::ColourResultsText),
-    Item(Menu::Colours, "menLettersText", "# &Letters Text", &Commands::ColourLettersText),
-    Item(Menu::Colours, "menGroupText", "&Group Text", &Commands::ColourGroupText),
-    Item(Menu::Colours, "menWordChText", "&Word choice Text", &Commands::ColourWordChoiceText),
-    Item(Menu::Colours, "menStatusText", "&Status Text", &Commands::ColourStatusText),
-    Item(Menu::Colours, "menTimerText", "T&imer Text", &Commands::ColourTimerText),
+constexpr std::array kColours = {
     Separator(Menu::Colours, "menSep8"),
-    Item(Menu::Colours, "menResetAllToDefault", "&Reset all to default", &Commands::ResetColours),
+    CommandRow{Command::ResetColours, Menu::Colours, "menResetAllToDefault", "&Reset all to default",
+               [](const Controllers& c, int) { c.options.ResetColours(); }},
+};
 
-    Item(Menu::Help, "menHelpHelp", "&Help (F1)", &Commands::ShowHelp, 1),
+constexpr std::array kHelp = {
+    CommandRow{Command::ShowHelp, Menu::Help, "menHelpHelp", "&Help (F1)",
+               [](const Controllers& c, int) { c.options.ShowHelp(); }, 0, 1},
     Separator(Menu::Help, "menHelpBar"),
-    Item(Menu::Help, "menHelpAbout", "&About Quorvane", &Commands::ShowAbout),
+    CommandRow{Command::ShowAbout, Menu::Help, "menHelpAbout", "&About Quorvane",
+               [](const Controllers& c, int) { c.options.ShowAbout(); }},
     Separator(Menu::Help, "menHelpBar2"),
-    Item(Menu::Help, "menHelpByLetter", "Count by &letter", &Commands::CountByLetter),
-    Item(Menu::Help, "menHelpByLength", "Count by le&ngth", &Commands::CountByLength),
+    CommandRow{Command::CountByLetter, Menu::Help, "menHelpByLetter", "Count by &letter",
+               [](const Controllers& c, int) { c.options.CountByLetter(); }},
+    CommandRow{Command::CountByLength, Menu::Help, "menHelpByLength", "Count by le&ngth",
+               [](const Controllers& c, int) { c.options.CountByLength(); }},
     Separator(Menu::Help, "menHelpBar3"),
-    Item(Menu::Help, "menWildcardSumm", "&Wildcard Summary", &Commands::ShowWildcards),
+    CommandRow{Command::ShowWildcards, Menu::Help, "menWildcardSumm", "&Wildcard Summary",
+               [](const Controllers& c, int) { c.options.ShowWildcards(); }},
 };
 
-constexpr std::array kKeyOnly = {
-    Item(Menu::File, "cmdWebLink", "&Definition (F5)", &Commands::LookUp, 5, &Commands::CanLookUp),
-};
+std::vector<CommandRow> MakeRows() {
+  std::vector<CommandRow> rows;
+  const auto add = [&rows](const auto& more) { rows.insert(rows.end(), more.begin(), more.end()); };
+  add(kFile);
+  add(kLists);
+  add(kModes);
+  for (const OptionRow& option : Options()) {
+    if (!option.item.empty()) {
+      rows.push_back(OptionItem(option));
+    }
+  }
+  add(kLog);
+  for (const ColourElementRow& colour : ColourElements()) {
+    rows.push_back(ColourItem(colour));
+  }
+  add(kColours);
+  add(kHelp);
+  return rows;
+}
 
 }  // namespace
 
@@ -93,23 +193,21 @@ std::span<const MenuRow> Menus() {
   return kMenus;
 }
 
-std::span<const CommandRow> CommandRows() {
-  return kRows;
-}
-
-std::span<const CommandRow> KeyOnlyRows() {
-  return kKeyOnly;
+const std::vector<CommandRow>& CommandRows() {
+  static const std::vector<CommandRow> rows = MakeRows();
+  return rows;
 }
 
 const CommandRow* CommandOfKey(int functionKey) {
-  for (const auto rows : {CommandRows(), KeyOnlyRows()}) {
-    for (const CommandRow& row : rows) {
-      if (row.functionKey == functionKey) {
-        return &row;
-      }
-    }
-  }
-  return nullptr;
+  const auto& rows = CommandRows();
+  const auto row =
+      std::find_if(rows.begin(), rows.end(), [&](const CommandRow& r) { return r.functionKey == functionKey; });
+  return row == rows.end() ? nullptr : &*row;
+}
+
+const CommandRow& RowOf(Command command) {
+  const auto& rows = CommandRows();
+  return *std::find_if(rows.begin(), rows.end(), [&](const CommandRow& r) { return r.command == command; });
 }
 
 }  // namespace quorvane

@@ -53,7 +53,7 @@ FrmAbout::FrmAbout(const Services& services, const Session& session, QWidget* pa
   };
   add("lblVersion", "Version:", "v" + FromText(VersionText()));
   add("lblCompiled", "Compiled:", FromText(BuildDate()));
-  add("lblFonts", "Fonts installed:", QString::number(session.fontTable.size()));
+  add("lblFonts", "Fonts installed:", QString::number(session.fontCount));
   add("lblWordCount", "Words in lexicon:", FromText(FormatThousands(session.lexicon->count())));
   add("lblDirectory", "Program directory:", FromText(services.programDirectory));
   add("lblSettings", "Settings file:", FromText(services.settingsFile));

@@ -1,19 +1,16 @@
 #include "app/main_window.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
-#include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
-#include "app/colour_scheme.h"
 #include "app/start/shut_down.h"
 #include "base/version.h"
 #include "base/window/labels.h"
@@ -21,7 +18,9 @@
 #include "lookup/window/lookup_panel.h"
 #include "results/window/appearance_panel.h"
 #include "results/window/result_options_panel.h"
+#include "results/window/results_panel.h"
 #include "results/window/sort_panel.h"
+#include "search/window/frm_change_list.h"
 #include "search/window/length_panel.h"
 #include "search/window/lists_panel.h"
 #include "search/window/pattern_panel.h"
@@ -49,15 +48,23 @@ QPalette EveryRoleOf(const QPalette& palette) {
 
 }  // namespace
 
-MainWindow::MainWindow(Services& services) : services_(services), commands_(*this, services) {
+MainWindow::MainWindow(Services& services)
+    : services_(services),
+      colours_(*this),
+      files_(*this, session_, services),
+      searching_(*this, session_, services, [this] { return files_.AutoSave(); }),
+      options_(*this, session_, services) {
   setObjectName("Quorvane");
   // The stored colours are made for a light window; what lies outside it follows the desktop.
   setPalette(LightPalette());
   menuBar()->setPalette(EveryRoleOf(QApplication::palette()));
   MakePanels();
   LayOut();
-  MakeMenus();
-  WirePanels();
+  menu_ = std::make_unique<CommandMenu>(*this, Controllers{searching_, files_, options_}, [this] { return State(); });
+  menu_->OnOpening(Menu::Select, [this] { searching_.RefreshListCaptions(); });
+  menu_->OnOpening(Menu::Options,
+                   [this] { menu_->SetCaption(Command::ClearLog, 0, FromText(services_.log.ClearCaption())); });
+  WireSearch();
   WireResults();
   SetTabOrder();
   qApp->installEventFilter(this);
@@ -65,30 +72,42 @@ MainWindow::MainWindow(Services& services) : services_(services), commands_(*thi
 
 MainWindow::~MainWindow() {
   qApp->removeEventFilter(this);
-  if (!session.ended) {
+  if (!session_.ended) {
     End("Application terminated successfully");
   }
+}
+
+bool MainWindow::Start() {
+  return StartUp(*this, session_, services_, files_, options_).Run();
 }
 
 void MainWindow::MakePanels() {
   auto* central = new QWidget(this);
   central->setObjectName("central");
   setCentralWidget(central);
-  pattern = new PatternPanel(central);
-  lengths = new LengthPanel(services_.settings, central);
-  sort = new SortPanel(central);
-  appearance = new AppearancePanel(services_.settings, central);
-  results = new ResultsPanel(central);
-  resultOptions = new ResultOptionsPanel(central);
-  lists = new ListsPanel(central);
-  lookup = new LookupPanel(central);
+  ShowsColour(this, ColourElement::MainBack, ColourUse::Background);
+  ShowsColour(central, ColourElement::MainBack, ColourUse::Background);
+  pattern_ = new PatternPanel(central);
+  lengths_ = new LengthPanel(services_.settings, central);
+  sort_ = new SortPanel(central);
+  appearance_ = new AppearancePanel(services_.settings, central);
+  results_ = new ResultsPanel(central);
+  resultOptions_ = new ResultOptionsPanel(central);
+  lists_ = new ListsPanel(central);
+  lookup_ = new LookupPanel(central);
+  MakeStatus(central);
+}
+
+void MainWindow::MakeStatus(QWidget* central) {
   lblStatus_ = MakeLabel("lblStatus", "", "status line", central);
   lblStatus_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   lblStatus_->setMargin(3);
   // A long text is cut at the window's edge instead of widening the window.
   lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  ShowsColour(lblStatus_, ColourElement::StatusText);
   lblTimer_ = Described(MakeReadableLabel("lblTimer", "", central), "lblTimer", "Time of the last search or sort");
   lblTimer_->setMinimumWidth(lblTimer_->fontMetrics().horizontalAdvance("Time = 000.00s "));
+  ShowsColour(lblTimer_, ColourElement::TimerText);
   pbBar_ = Described(new QProgressBar(central), "pbBar", "Progress of the search");
   pbBar_->setTextVisible(false);
   pbBar_->setAccessibleName("Progress");
@@ -101,89 +120,69 @@ void MainWindow::MakePanels() {
 
 // Left the options of the search, in the middle the results, right the lists and what is done with results.
 void MainWindow::LayOut() {
-  auto* grid = new QGridLayout(centralWidget());
-  grid->setHorizontalSpacing(14);
+  grid_ = new QGridLayout(centralWidget());
+  grid_->setHorizontalSpacing(14);
   auto* left = new QVBoxLayout;
   left->setSpacing(kGroupSpacing);
-  left->addWidget(lengths);
-  left->addWidget(sort);
-  left->addWidget(appearance);
+  left->addWidget(lengths_);
+  left->addWidget(sort_);
+  left->addWidget(appearance_);
   left->addStretch();
   auto* right = new QVBoxLayout;
-  right->addWidget(lists);
+  right->addWidget(lists_);
   right->addSpacing(kGroupSpacing);
-  right->addWidget(resultOptions);
+  right->addWidget(resultOptions_);
   right->addSpacing(kGroupSpacing);
-  right->addWidget(lookup);
+  right->addWidget(lookup_);
   right->addStretch();
   right->addWidget(lblTimer_);
   right->addWidget(pbBar_);
-  grid->addWidget(pattern, 0, 0, 1, 3);
-  grid->addLayout(left, 1, 0);
-  grid->addWidget(results, 1, 1);
-  grid->addLayout(right, 1, 2);
-  grid->addWidget(lblStatus_, 2, 0, 1, 3);
-  grid->setColumnStretch(1, 1);
-  grid->setRowStretch(1, 1);
-  grid->setColumnMinimumWidth(1, kListWidth);
-  grid->setColumnMinimumWidth(2, kRightColumnWidth);
+  grid_->addWidget(pattern_, 0, 0, 1, 3);
+  grid_->addLayout(left, 1, 0);
+  grid_->addWidget(results_, 1, 1);
+  grid_->addLayout(right, 1, 2);
+  grid_->addWidget(lblStatus_, 2, 0, 1, 3);
+  grid_->setColumnStretch(1, 1);
+  grid_->setRowStretch(1, 1);
+  grid_->setColumnMinimumWidth(1, kListWidth);
+  grid_->setColumnMinimumWidth(2, kRightColumnWidth);
 }
 
-void MainWindow::MakeMenus() {
-  std::map<Menu, QMenu*> menus;
-  for (const MenuRow& row : Menus()) {
-    menus[row.menu] = menuBar()->addMenu(row.caption);
-    menus[row.menu]->setObjectName(row.name);
-  }
-  for (const CommandRow& row : CommandRows()) {
-    QAction* item = row.IsSeparator() ? menus[row.menu]->addSeparator() : menus[row.menu]->addAction(row.caption);
-    item->setObjectName(row.name);
-    item->setCheckable(row.checkable);
-    items_[row.name] = item;
-    if (row.run != nullptr) {
-      connect(item, &QAction::triggered, this, [this, run = row.run] { (commands_.*run)(); });
-    }
-  }
-  connect(menus[Menu::Select], &QMenu::aboutToShow, this, [this] { commands_.RefreshListCaptions(); });
-  connect(menus[Menu::Options], &QMenu::aboutToShow, this, [this] { commands_.RefreshClearLogCaption(); });
-}
-
-void MainWindow::WirePanels() {
+void MainWindow::WireSearch() {
   const auto status = [this](const std::string& text) { ShowStatus(text); };
-  connect(pattern, &PatternPanel::TextChanged, this, [this] { commands_.CheckInput(); });
-  connect(pattern, &PatternPanel::ModeChosen, this, [this](WordType type) { commands_.SelectMode(type); });
-  connect(pattern, &PatternPanel::SearchRequested, this, [this] { commands_.FindWords(); });
-  connect(pattern, &PatternPanel::ExitRequested, this, [this] { commands_.Exit(); });
-  connect(lengths, &LengthPanel::Status, this, status);
-  connect(sort, &SortPanel::SortRequested, this, [this](SortOrder order) { commands_.Sort(order); });
-  connect(appearance, &AppearancePanel::Status, this, status);
-  connect(appearance, &AppearancePanel::FontChanged, this,
-          [this] { results->List()->setFont(appearance->ListFont()); });
-  connect(appearance, &AppearancePanel::TextColourClicked, this,
-          [this] { commands_.ChooseColour(ColourElement::ResultsText, true); });
-  connect(appearance, &AppearancePanel::BackColourClicked, this,
-          [this] { commands_.ChooseColour(ColourElement::ResultsBack, true); });
-  connect(lists, &ListsPanel::ListClicked, this, [this](ListKind kind) { commands_.EditList(kind); });
-  connect(lists, &ListsPanel::LexiconClicked, this, [this] { commands_.OpenNewLexicon(); });
+  connect(pattern_, &PatternPanel::TextChanged, this, [this] { searching_.CheckInput(); });
+  connect(pattern_, &PatternPanel::ModeChosen, this, [this](WordType type) { searching_.SelectMode(type); });
+  connect(pattern_, &PatternPanel::SearchRequested, this, [this] { searching_.FindWords(); });
+  connect(pattern_, &PatternPanel::ExitRequested, this, [this] { files_.Exit(); });
+  connect(lengths_, &LengthPanel::Status, this, status);
+  connect(sort_, &SortPanel::SortRequested, this, [this](SortOrder order) { searching_.Sort(order); });
+  connect(lists_, &ListsPanel::ListClicked, this, [this](ListKind kind) { searching_.EditList(kind); });
+  connect(lists_, &ListsPanel::LexiconClicked, this, [this] { files_.OpenNewLexicon(); });
+  connect(appearance_, &AppearancePanel::Status, this, status);
 }
 
 void MainWindow::WireResults() {
-  connect(results, &ResultsPanel::EntrySelected, this, [this] { UpdateResultCommands(); });
-  connect(results, &ResultsPanel::EntryDoubleClicked, this, [this] { commands_.CopyEntry(); });
-  connect(resultOptions, &ResultOptionsPanel::AutoSaveChosen, this, [this](bool on) { commands_.SetAutoSave(on); });
-  connect(resultOptions, &ResultOptionsPanel::ClearRequested, this, [this] { commands_.ClearList(); });
-  connect(resultOptions, &ResultOptionsPanel::PrintRequested, this, [this] { commands_.Print(); });
-  connect(lookup, &LookupPanel::LookupRequested, this, [this] { commands_.LookUp(); });
-  connect(lookup, &LookupPanel::ResourceClicked, this, [this] { commands_.ChangeWeblink(); });
+  connect(results_, &ResultsPanel::EntrySelected, this, [this] { UpdateCommands(); });
+  connect(results_, &ResultsPanel::EntryDoubleClicked, this, [this] { searching_.CopyEntry(); });
+  connect(resultOptions_, &ResultOptionsPanel::AutoSaveChosen, this,
+          [this](bool on) { options_.Set(Option::AutoSave, on); });
+  connect(resultOptions_, &ResultOptionsPanel::ClearRequested, this, [this] { searching_.ClearList(); });
+  connect(resultOptions_, &ResultOptionsPanel::PrintRequested, this, [this] { files_.Print(); });
+  connect(appearance_, &AppearancePanel::FontChanged, this, [this] { results_->SetListFont(appearance_->ListFont()); });
+  connect(appearance_, &AppearancePanel::BoldClicked, this, [this] { options_.Toggle(Option::ListBold); });
+  connect(appearance_, &AppearancePanel::ItalicClicked, this, [this] { options_.Toggle(Option::ListItalic); });
+  connect(appearance_, &AppearancePanel::TextColourClicked, this,
+          [this] { options_.ChooseColour(ColourElement::ResultsText, true); });
+  connect(appearance_, &AppearancePanel::BackColourClicked, this,
+          [this] { options_.ChooseColour(ColourElement::ResultsBack, true); });
+  connect(lookup_, &LookupPanel::LookupRequested, this, [this] { files_.LookUp(); });
+  connect(lookup_, &LookupPanel::ResourceClicked, this, [this] { files_.ChangeWeblink(); });
 }
 
-// As the eye goes: the pattern, then down the left, the middle and the right column.
+// As the eye goes: the pattern, then down the left, the middle and the right column, as they are laid out.
 void MainWindow::SetTabOrder() {
   QWidget* previous = nullptr;
-  for (QWidget* panel :
-       {static_cast<QWidget*>(pattern), static_cast<QWidget*>(lengths), static_cast<QWidget*>(sort),
-        static_cast<QWidget*>(appearance), static_cast<QWidget*>(results), static_cast<QWidget*>(lists),
-        static_cast<QWidget*>(resultOptions), static_cast<QWidget*>(lookup)}) {
+  const auto follow = [&previous](QWidget* panel) {
     for (QWidget* control : panel->findChildren<QWidget*>()) {
       if (control->focusPolicy() == Qt::NoFocus || control->objectName().startsWith("qt_")) {
         continue;
@@ -193,15 +192,23 @@ void MainWindow::SetTabOrder() {
       }
       previous = control;
     }
+  };
+  for (int i = 0; i < grid_->count(); ++i) {
+    QLayoutItem* cell = grid_->itemAt(i);
+    if (cell->widget() != nullptr) {
+      follow(cell->widget());
+      continue;
+    }
+    for (int k = 0; k < cell->layout()->count(); ++k) {
+      if (QWidget* panel = cell->layout()->itemAt(k)->widget(); panel != nullptr) {
+        follow(panel);
+      }
+    }
   }
 }
 
-QAction* MainWindow::Item(const char* name) const {
-  return items_.find(name)->second;
-}
-
-QString MainWindow::Title() const {
-  return "Quorvane  v" + FromText(VersionText()) + "  ";
+void MainWindow::ShowCaption(const std::string& caption) {
+  setWindowTitle(FromText(caption.empty() ? "Quorvane  v" + VersionText() + "  " : caption));
 }
 
 void MainWindow::ShowStatus(const std::string& text, bool bold) {
@@ -232,34 +239,115 @@ void MainWindow::EndProgress() {
   pbBar_->hide();
 }
 
+Search MainWindow::Asked() const {
+  return {pattern_->Text(), session_.input.selected, session_.input.noun, lengths_->Range(),
+          StoredLists(services_.settings)};
+}
+
+size_t MainWindow::Caret() const {
+  return pattern_->Caret();
+}
+
+void MainWindow::FocusPattern() {
+  pattern_->FocusPattern();
+}
+
 void MainWindow::ShowInput() {
-  const InputState& input = session.input;
-  pattern->ShowState(input);
-  Item("menWordTypePalindrome")->setEnabled(input.palindrome);
-  Item("menWordTypeAnagram")->setEnabled(input.anagrams);
-  Item("menWordTypeAnagramExact")->setEnabled(input.anagrams);
-  Item("menWordTypeWordList")->setChecked(input.selected == WordType::WordList);
-  Item("menWordTypePalindrome")->setChecked(input.selected == WordType::Palindrome);
-  Item("menWordTypeAnagram")->setChecked(input.selected == WordType::Anagram);
-  Item("menWordTypeAnagramExact")->setChecked(input.selected == WordType::AnagramExact);
-  UpdateResultCommands();
+  pattern_->ShowState(session_.input);
+  UpdateCommands();
 }
 
-void MainWindow::UpdateResultCommands() {
-  const auto found = static_cast<int64_t>(results->Results().FoundCount());
-  Item("menFileSaveData")->setEnabled(found > 0);
-  Item("menSaveAsLex")->setEnabled(found > 0 && session.saveAsLexiconAllowed && session.input.saveAsLexicon);
-  const bool printable =
-      results->Results().EntryCount() > 0 && found <= kMostPrintable && session.printerName != "(undefined)";
-  Item("menFilePrint")->setEnabled(printable);
-  resultOptions->PrintButton()->setEnabled(printable);
-  lookup->Button()->setEnabled(found > 0 && results->Selected().has_value());
+SortOrder MainWindow::Order() const {
+  return sort_->Order();
 }
 
-void MainWindow::ShowListCaption(ListKind kind, bool wideScrabbleGap) {
-  constexpr std::array kItems = {"menSelectChars", "menExcludeChars", "menScrabbleChars"};
-  Item(kItems[static_cast<size_t>(kind)])
-      ->setText(FromBytes(ListMenuCaption(kind, session.lists.Of(kind), wideScrabbleGap)));
+bool MainWindow::UpperCase() const {
+  return resultOptions_->UpperCase();
+}
+
+void MainWindow::EnableLengthOrders() {
+  sort_->EnableLengthOrders();
+}
+
+const ResultList& MainWindow::Results() const {
+  return results_->Results();
+}
+
+void MainWindow::ChangeResults(const std::function<void(ResultList&)>& change) {
+  results_->ChangeResults(change);
+}
+
+std::optional<size_t> MainWindow::SelectedEntry() const {
+  return results_->Selected();
+}
+
+std::optional<std::string> MainWindow::SelectedWord() const {
+  const auto selected = results_->Selected();
+  return selected ? std::optional(results_->Results().Entry(*selected)) : std::nullopt;
+}
+
+void MainWindow::ClearPosition() {
+  results_->ClearPosition();
+}
+
+void MainWindow::ShowList(ListKind kind, const std::string& list) {
+  lists_->ShowList(kind, list);
+}
+
+void MainWindow::ShowListCaption(ListKind kind, const std::string& caption) {
+  menu_->SetCaption(Command::EditList, static_cast<int>(kind), FromBytes(caption));
+}
+
+void MainWindow::ShowLexicon(const std::string& name) {
+  lists_->ShowLexicon(name);
+}
+
+void MainWindow::ShowResource(const std::string& setting) {
+  lookup_->ShowResource(setting);
+}
+
+void MainWindow::SetAutoSave(bool on) {
+  resultOptions_->SetAutoSave(on);
+}
+
+void MainWindow::SetListRegionTwips(int height) {
+  results_->SetRegionHeight(PixelsOfTwips(height));
+}
+
+void MainWindow::SetListBold(bool on) {
+  appearance_->SetBold(on);
+}
+
+void MainWindow::SetListItalic(bool on) {
+  appearance_->SetItalic(on);
+}
+
+void MainWindow::SelectOrder(SortOrder order) {
+  sort_->Select(order);
+}
+
+void MainWindow::SetLengths(int min, int max) {
+  lengths_->SetRange(min, max);
+}
+
+void MainWindow::SelectAnyLength() {
+  lengths_->SelectAnyLength();
+}
+
+void MainWindow::SetFixedWidth(bool fixed) {
+  appearance_->SetFixedWidth(fixed);
+}
+
+CommandState MainWindow::State() const {
+  const ResultList& results = results_->Results();
+  return {session_, results.FoundCount(), results.EntryCount(), results_->Selected().has_value()};
+}
+
+void MainWindow::UpdateCommands() {
+  const CommandState state = State();
+  menu_->Update(state);
+  resultOptions_->AllowPrint(RowOf(Command::Print).enabled(state));
+  lookup_->AllowLookup(RowOf(Command::LookUp).enabled(state));
 }
 
 // The pattern box, the list and the status line take the room; the right column moves with it.
@@ -269,9 +357,7 @@ void MainWindow::SetWide(bool wide) {
   }
   wide_ = wide;
   const int more = PixelsOfTwips(kWideTwips);
-  auto* grid = static_cast<QGridLayout*>(centralWidget()->layout());
-  grid->setColumnMinimumWidth(1, kListWidth + (wide ? more : 0));
-  Item("menWideScreen")->setChecked(wide);
+  grid_->setColumnMinimumWidth(1, kListWidth + (wide ? more : 0));
   if (isVisible()) {
     const int before = width();
     centralWidget()->layout()->activate();
@@ -283,7 +369,7 @@ void MainWindow::SetWide(bool wide) {
 
 void MainWindow::ResizeToContents() {
   // From the inside out: a layout that was not asked yet holds old hints.
-  results->layout()->activate();
+  results_->layout()->activate();
   centralWidget()->layout()->activate();
   layout()->invalidate();
   layout()->activate();
@@ -296,8 +382,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::End(const char* entry) {
-  if (!session.stopFlag) {
-    session.stopFlag = true;
+  if (!session_.stopFlag) {
+    session_.stopFlag = true;
     services_.log.Write(event::kEnd, entry);
   }
   for (QWidget* other : QApplication::topLevelWidgets()) {
@@ -305,7 +391,7 @@ void MainWindow::End(const char* entry) {
       other->close();
     }
   }
-  ShutDown(services_, session);
+  ShutDown(services_, session_);
 }
 
 // Function keys belong to the window before any of its controls sees them; a dialog is a window of its own.
@@ -321,12 +407,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   event->accept();
-  const CommandRow* row = CommandOfKey(number);
-  const bool acts = row != nullptr && (row->keyAllowed == nullptr || (commands_.*row->keyAllowed)());
-  if (event->type() == QEvent::KeyPress && acts && !key->isAutoRepeat()) {
-    (commands_.*row->run)();
-    if (row->menu == Menu::WordType) {
-      pattern->FocusPattern();
+  if (event->type() == QEvent::KeyPress && !key->isAutoRepeat()) {
+    const CommandRow* row = menu_->RunKey(number);
+    if (row != nullptr && row->command == Command::ChooseMode) {
+      pattern_->FocusPattern();
     }
   }
   return true;

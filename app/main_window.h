@@ -1,19 +1,20 @@
-// The main window: lays out the panels, owns the state of the run, shows what the commands say and wires both.
+// The main window: lays out the panels, owns the state of the run, and is what its controllers see of it.
 #pragma once
 
 #include <QMainWindow>
-#include <map>
-#include <string>
+#include <memory>
 
-#include "app/command_table.h"
-#include "app/commands.h"
+#include "app/command_menu.h"
+#include "app/file_controller.h"
+#include "app/option_controller.h"
+#include "app/search_controller.h"
 #include "app/services.h"
 #include "app/session.h"
-#include "results/window/results_panel.h"
+#include "app/start/start_up.h"
 
+class QGridLayout;
 class QLabel;
 class QProgressBar;
-class QSplitter;
 
 namespace quorvane {
 
@@ -23,9 +24,10 @@ class ListsPanel;
 class LookupPanel;
 class PatternPanel;
 class ResultOptionsPanel;
+class ResultsPanel;
 class SortPanel;
 
-class MainWindow : public QMainWindow {
+class MainWindow : public QMainWindow, private SearchView, private FileView, private OptionView, private StartUpView {
   Q_OBJECT
 
  public:
@@ -33,61 +35,88 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(Services& services);
   ~MainWindow() override;
 
-  Session session;
-  PatternPanel* pattern = nullptr;
-  LengthPanel* lengths = nullptr;
-  SortPanel* sort = nullptr;
-  AppearancePanel* appearance = nullptr;
-  ResultsPanel* results = nullptr;
-  ResultOptionsPanel* resultOptions = nullptr;
-  ListsPanel* lists = nullptr;
-  LookupPanel* lookup = nullptr;
-
-  Commands& Command() { return commands_; }
-  QAction* Item(const char* name) const;
-
-  // The one way to write the status line: painted at once.
-  void ShowStatus(const std::string& text, bool bold = false);
-  void ShowTimer(const std::string& text);
-  // Progress of a scan: a position out of a whole.
-  void BeginProgress(int whole);
-  void ShowProgress(int position);
-  void EndProgress();
-
-  // The state of the input check on every control that depends on it.
-  void ShowInput();
-  // What may be done with the results as they are.
-  void UpdateResultCommands();
-  void ShowListCaption(ListKind kind, bool wideScrabbleGap);
+  // Brings the shown window to its ready state. False when the program ended on the way.
+  bool Start();
   // The size that the contents ask for, as far as the screen goes.
   void ResizeToContents();
-  void SetWide(bool wide);
-  QString Title() const;
-
-  // The labels whose colours can be chosen.
-  QLabel* StatusLabel() const { return lblStatus_; }
-  QLabel* TimerLabel() const { return lblTimer_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  // View
+  QWidget* Window() override { return this; }
+  void ShowStatus(const std::string& text, bool bold = false) override;
+  void ShowTimer(const std::string& text) override;
+  void BeginProgress(int whole) override;
+  void ShowProgress(int position) override;
+  void EndProgress() override;
+  void UpdateCommands() override;
+  // SearchView
+  Search Asked() const override;
+  size_t Caret() const override;
+  void FocusPattern() override;
+  void ShowInput() override;
+  SortOrder Order() const override;
+  bool UpperCase() const override;
+  void EnableLengthOrders() override;
+  const ResultList& Results() const override;
+  void ChangeResults(const std::function<void(ResultList&)>& change) override;
+  std::optional<size_t> SelectedEntry() const override;
+  void ClearPosition() override;
+  void ShowList(ListKind kind, const std::string& list) override;
+  void ShowListCaption(ListKind kind, const std::string& caption) override;
+  void ShowCaption(const std::string& caption) override;
+  // FileView
+  Search Said() const override { return SearchOf(*this); }
+  std::optional<std::string> SelectedWord() const override;
+  void ShowLexicon(const std::string& name) override;
+  void ShowResource(const std::string& setting) override;
+  void Leave() override { close(); }
+  // OptionView
+  void SetAutoSave(bool on) override;
+  void SetListRegionTwips(int height) override;
+  void SetListBold(bool on) override;
+  void SetListItalic(bool on) override;
+  void SetWide(bool on) override;
+  ColourScheme& Colours() override { return colours_; }
+  // StartUpView
+  void SelectOrder(SortOrder order) override;
+  void SetLengths(int min, int max) override;
+  void SelectAnyLength() override;
+  void SetFixedWidth(bool fixed) override;
+
+  CommandState State() const;
   // The entry, unless a command has written one; closes what is open and shuts the program down.
   void End(const char* entry);
   void MakePanels();
+  void MakeStatus(QWidget* central);
   void LayOut();
-  void MakeMenus();
-  void WirePanels();
+  void WireSearch();
   void WireResults();
   void SetTabOrder();
 
   Services& services_;
-  Commands commands_;
-  std::map<std::string, QAction*, std::less<>> items_;
+  Session session_;
+  ColourScheme colours_;
+  FileController files_;
+  SearchController searching_;
+  OptionController options_;
+  std::unique_ptr<CommandMenu> menu_;
+
+  PatternPanel* pattern_ = nullptr;
+  LengthPanel* lengths_ = nullptr;
+  SortPanel* sort_ = nullptr;
+  AppearancePanel* appearance_ = nullptr;
+  ResultsPanel* results_ = nullptr;
+  ResultOptionsPanel* resultOptions_ = nullptr;
+  ListsPanel* lists_ = nullptr;
+  LookupPanel* lookup_ = nullptr;
   QLabel* lblStatus_ = nullptr;
   QLabel* lblTimer_ = nullptr;
   QProgressBar* pbBar_ = nullptr;
+  QGridLayout* grid_ = nullptr;
   bool wide_ = false;
 };
 

@@ -1,40 +1,34 @@
 // The state of a run: what the window owns besides its controls.
 #pragma once
 
-#include <array>
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "lexicon/lexicon.h"
 #include "search/input_check.h"
-#include "settings/colours.h"
+#include "settings/settings_table.h"
 
 namespace quorvane {
 
+enum class Option;
+
 struct Session {
   std::shared_ptr<const Lexicon> lexicon;
-  std::string lexiconSetting;  // As stored.
-  std::string lexiconPath;
-  bool lexiconIsDefault = false;
-
   InputState input;
-  CharacterLists lists;  // As stored.
   bool scanActive = false;
-  bool listTruncated = false;  // Left by the last scan.
-  bool saveAsLexiconAllowed = false;
-
-  std::string printerName = "(undefined)";
-  std::array<std::string, kColourElements> colours;  // By ColourElement.
-  std::string lastSaveFailure;                       // The failure of autosave that was shown last.
-  std::vector<std::string> fontTable;
+  std::map<Option, bool> options;  // As applied; an option that is missing is off.
+  std::string printerName{kUndefinedPrinter};
+  std::string lastSaveFailure;  // The failure of autosave that was shown last.
+  size_t fontCount = 0;         // Of the installed font families, counted up to kMaxFonts.
 
   bool stopFlag = false;   // The program is leaving by its own command.
   bool abortFlag = false;  // Nothing sets it; it is tested once after the lexicon is loaded.
   bool ended = false;      // The shutdown has run.
 };
 
-inline constexpr size_t kMaxFontTable = 3000;
-inline constexpr int64_t kMostPrintable = 32767;
+inline constexpr size_t kMaxFonts = 3000;
+inline constexpr size_t kMostPrintable = 32767;
 
 }  // namespace quorvane

@@ -54,7 +54,7 @@ ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
   if (!input.quorvaneDir.empty()) {
     return {Absolute(input.quorvaneDir), std::nullopt};
   }
-  if (!input.executableDirectory.empty() && FileExists(JoinPath(input.executableDirectory, "words.lex"))) {
+  if (!input.executableDirectory.empty() && FileExists(JoinPath(input.executableDirectory, kDefaultLexiconName))) {
     return {Absolute(input.executableDirectory), std::nullopt};
   }
   const std::string dataHome =
@@ -67,7 +67,7 @@ ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
     return directory;
   }
   const std::string installed = JoinPath(input.executableDirectory, "../share/quorvane");
-  for (const char* name : {"words.lex", "Quorvane.hlp"}) {
+  for (const char* name : {kDefaultLexiconName, "Quorvane.hlp"}) {
     const std::string source = JoinPath(installed, name);
     const std::string target = JoinPath(directory.path, name);
     if (!FileExists(source) || fs::exists(target, error)) {

@@ -8,6 +8,8 @@
 
 namespace quorvane {
 
+inline constexpr const char* kDefaultLexiconName = "words.lex";
+
 struct ProgramDirectory {
   std::string path;                  // Absolute, without a "/" at its end.
   std::optional<FileError> problem;  // Set when the directory could not be made or its files could not be copied.

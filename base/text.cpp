@@ -134,6 +134,17 @@ bool InClass(std::string_view characterClass, char c) {
   return inverted ? !listed : listed;
 }
 
+std::string KeepLetters(std::string_view text, bool tiles, bool repeats) {
+  std::string kept;
+  for (const char c : text) {
+    const bool allowed = IsLetter(c) || (tiles && (c == '?' || c == '-'));
+    if (allowed && (repeats || kept.find(c) == std::string::npos)) {
+      kept += c;
+    }
+  }
+  return kept;
+}
+
 std::string FormatThousands(int64_t number) {
   std::string digits = std::to_string(number < 0 ? -number : number);
   for (size_t from = digits.size(); from > 3; from -= 3) {

@@ -39,6 +39,10 @@ bool IsUtf8(std::string_view text);
 // class ends at its first "]"; text that is no class holds nothing.
 bool InClass(std::string_view characterClass, char c);
 
+// The letters of a text, and its "?" and "-" where `tiles` says so; without later occurrences of a character unless
+// `repeats` (case counts: "aA" holds no repeat).
+std::string KeepLetters(std::string_view text, bool tiles, bool repeats);
+
 // "" for one, "s" for every other count.
 inline std::string_view PluralS(int64_t count) {
   return count == 1 ? "" : "s";

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/limits.h"
 #include "base/text.h"
 #include "lexicon/lexicon.h"
 
@@ -29,44 +30,62 @@ bool IsLength(std::string_view text, int& length) {
          length <= kLongestLengthOffered;
 }
 
+template <class Rows>
+std::string NamesOf(const Rows& rows, const std::string& conjunction) {
+  std::string names;
+  for (size_t i = 0; i < rows.size(); ++i) {
+    names += (i == 0 ? "" : i + 1 < rows.size() ? ", " : " " + conjunction + " ") + std::string(rows[i].option);
+  }
+  return names;
+}
+
 }  // namespace
+
+std::string WordTypeNames(const std::string& conjunction) {
+  return NamesOf(WordTypes(), conjunction);
+}
+
+std::string SortOrderNames(const std::string& conjunction) {
+  return NamesOf(SortOrders(), conjunction);
+}
 
 std::optional<std::string> SearchArguments::Settle() {
   const auto named = WordTypeOfOption(typeName);
   if (!named) {
-    return "--type: '" + typeName + "' is none of word, palindrome, anagram and exact";
+    return "--type: '" + typeName + "' is none of " + WordTypeNames("and");
   }
-  type = *named;
-  lists = {include, exclude, rack};
+  search.mode = *named;
+  search.noun = FactsOf(*named).noun;
+  search.lists = {include, exclude, rack};
   for (const auto& [kind, option] :
        {std::pair{ListKind::Include, "--include"}, {ListKind::Exclude, "--exclude"}, {ListKind::Scrabble, "--rack"}}) {
-    if (auto problem = CheckList(kind, option, lists.Of(kind))) {
+    if (auto problem = CheckList(kind, option, search.lists.Of(kind))) {
       return problem;
+    }
+  }
+  if (!lengthText.empty()) {
+    const size_t dash = lengthText.find('-');
+    const std::string from = lengthText.substr(0, dash);
+    const std::string to = dash == std::string::npos ? from : lengthText.substr(dash + 1);
+    LengthRange& lengths = search.lengths;
+    lengths.any = false;
+    if (!IsLength(from, lengths.min) || !IsLength(to, lengths.max) || lengths.min > lengths.max) {
+      return "--length: '" + lengthText + "' is neither a number nor MIN-MAX from 1 to " +
+             std::to_string(kLongestLengthOffered);
     }
   }
   return std::nullopt;
 }
 
 std::optional<std::string> FindArguments::Settle() {
-  if (auto problem = search.Settle()) {
+  if (auto problem = asked.Settle()) {
     return problem;
   }
-  if (!lengthText.empty()) {
-    const size_t dash = lengthText.find('-');
-    range.any = false;
-    const std::string from = lengthText.substr(0, dash);
-    const std::string to = dash == std::string::npos ? from : lengthText.substr(dash + 1);
-    if (!IsLength(from, range.min) || !IsLength(to, range.max) || range.min > range.max) {
-      return "--length: '" + lengthText + "' is neither a number nor MIN-MAX from 1 to 60";
-    }
+  const auto sorted = SortOrderOfOption(sortName);
+  if (!sorted) {
+    return "--sort: '" + sortName + "' is none of " + SortOrderNames("and");
   }
-  if (sortName == "short") {
-    order = SortOrder::ShortestFirst;
-  } else if (sortName == "long") {
-    order = SortOrder::LongestFirst;
-  } else if (sortName != "alpha") {
-    return "--sort: '" + sortName + "' is none of alpha, short and long";
-  }
+  order = *sorted;
   if (FromStandardInput() && (!saveFile.empty() || !saveLexicon.empty())) {
     return std::string(saveFile.empty() ? "--save-lexicon" : "--save") +
            " saves one search; it does not go with find -";

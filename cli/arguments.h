@@ -7,10 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "results/result_list.h"
-#include "results/summary.h"
-#include "search/character_lists.h"
-#include "search/word_type.h"
+#include "results/sort_order.h"
+#include "search/search.h"
 
 namespace quorvane::cli {
 
@@ -20,18 +18,18 @@ struct SearchArguments {
   std::string include = "abcdefghijklmnopqrstuvwxyz";
   std::string exclude;
   std::string rack;
+  std::string lengthText;
 
-  WordType type = WordType::WordList;
-  CharacterLists lists;
-  // Fills the last two from the others; the text of what is wrong, if anything is.
+  // What is asked for, but for the text.
+  Search search;
+  // Fills the last from the others; the text of what is wrong, if anything is.
   std::optional<std::string> Settle();
 };
 
 struct FindArguments {
-  SearchArguments search;
+  SearchArguments asked;
   std::string lexicon;
   std::string dataDir;
-  std::string lengthText;
   std::string sortName = "alpha";
   bool upper = false;
   bool count = false;
@@ -41,11 +39,14 @@ struct FindArguments {
   std::string saveFile;
   std::string saveLexicon;
 
-  LengthRange range;
   SortOrder order = SortOrder::Alphabetic;
-  bool FromStandardInput() const { return search.pattern == "-"; }
+  bool FromStandardInput() const { return asked.pattern == "-"; }
   std::optional<std::string> Settle();
 };
+
+// "word, palindrome, anagram and exact": the values that an option takes.
+std::string WordTypeNames(const std::string& conjunction);
+std::string SortOrderNames(const std::string& conjunction);
 
 // Arguments with "--include=" and its like split in two, so that an empty value stays the option's own.
 // `takesValue` says of an option's name whether the option has one.

@@ -8,14 +8,14 @@ namespace quorvane::cli {
 
 int Explain(const SearchArguments& arguments, bool paste) {
   InputState state;
-  SelectWordType(state, arguments.type);
+  SelectWordType(state, arguments.search.mode);
   std::string status;
   int beeps = 0;
   // Puts a text where the caret is, as typing and pasting do.
   const auto insert = [&](std::string_view text) {
     state.text.insert(state.caret, text);
     state.caret += text.size();
-    const InputMessages messages = CheckInput(state, arguments.lists);
+    const InputMessages messages = CheckInput(state, arguments.search.lists);
     beeps += messages.beeps;
     if (!messages.statusTexts.empty()) {
       status = messages.LastStatus();

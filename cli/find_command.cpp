@@ -12,6 +12,8 @@
 #include "cli/lexicon_commands.h"
 #include "cli/output.h"
 #include "results/results_file.h"
+#include "results/search_run.h"
+#include "results/summary.h"
 #include "search/input_check.h"
 #include "search/search_texts.h"
 
@@ -33,44 +35,40 @@ class SeededRandom : public RandomSource {
   std::mt19937 generator_;
 };
 
-// A typed text after the check and the preparation, or why it is refused.
+// A typed text after the check, as a search, or why it is refused.
 struct ReadPattern {
   std::optional<std::string> refusal;
-  std::string kept;
-  PreparedPattern prepared;
-  std::string noun;
-  int randomCount = 1;
+  std::optional<SearchRun> run;
 };
 
-ReadPattern Read(const std::string& typed, const SearchArguments& arguments) {
-  ReadPattern read;
+ReadPattern Read(const std::string& typed, const Search& asked) {
   if (typed.empty()) {
-    read.refusal = FactsOf(arguments.type).prompt;
-    return read;
+    return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
   }
   InputState state;
-  SelectWordType(state, arguments.type);
+  SelectWordType(state, asked.mode);
   state.text = typed;
   state.caret = typed.size();
-  const InputMessages messages = CheckInput(state, arguments.lists);
-  read.kept = state.text;
-  if (state.selected != arguments.type) {
+  const InputMessages messages = CheckInput(state, asked.lists);
+  if (state.selected != asked.mode) {
     const std::string moved =
-        "'" + typed + "' can't be searched with --type " + std::string(FactsOf(arguments.type).option);
-    read.refusal = messages.beeps > 0 ? messages.LastStatus() + " (" + moved + ")" : moved;
-  } else if (messages.beeps > 0 || !state.canSearch) {
-    read.refusal = messages.LastStatus();
-  } else if (state.text.empty()) {
-    read.refusal = FactsOf(arguments.type).prompt;
-  } else {
-    read.prepared = PreparePattern(state.text, arguments.type);
-    if (read.prepared.Refused()) {
-      read.refusal = read.prepared.statusText;
-    }
+        "'" + typed + "' can't be searched with --type " + std::string(FactsOf(asked.mode).option);
+    return {messages.beeps > 0 ? messages.LastStatus() + " (" + moved + ")" : moved, std::nullopt};
   }
-  read.noun = state.noun;
-  read.randomCount = state.randomCount;
-  return read;
+  if (messages.beeps > 0 || !state.canSearch) {
+    return {messages.LastStatus(), std::nullopt};
+  }
+  if (state.text.empty()) {
+    return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
+  }
+  Search search = asked;
+  search.text = state.text;
+  search.noun = state.noun;
+  SearchRun run(search);
+  if (run.Prepared().Refused()) {
+    return {run.Prepared().statusText, std::nullopt};
+  }
+  return {std::nullopt, std::move(run)};
 }
 
 class FindRun {
@@ -83,7 +81,7 @@ class FindRun {
       return output_.Finish(kFailed);
     }
     if (!arguments_.FromStandardInput()) {
-      return output_.Finish(One(arguments_.search.pattern));
+      return output_.Finish(One(arguments_.asked.pattern));
     }
     bool found = false;
     bool refused = false;
@@ -128,49 +126,36 @@ class FindRun {
   }
 
   int One(const std::string& typed) {
-    const ReadPattern read = Read(typed, arguments_.search);
-    if (read.refusal) {
-      return Refuse(typed, *read.refusal);
+    const auto [refusal, run] = Read(typed, arguments_.asked.search);
+    if (refusal) {
+      return Refuse(typed, *refusal);
     }
-    if (read.prepared.Random() && !arguments_.saveLexicon.empty()) {
+    const Search& search = run->Asked();
+    if (run->Prepared().Random() && !arguments_.saveLexicon.empty()) {
       return Refuse(typed, "random words can't be saved as a lexicon");
     }
-    if (read.kept != typed) {
-      Note("pattern '" + typed + "' was read as '" + read.kept + "'");
+    if (search.text != typed) {
+      Note("pattern '" + typed + "' was read as '" + search.text + "'");
     }
-    ScanRequest request{read.prepared,
-                        arguments_.search.lists,
-                        kAnyMinLength,
-                        kAnyMaxLength,
-                        arguments_.search.type == WordType::Palindrome,
-                        read.randomCount};
-    if (!arguments_.range.any) {
-      request.minLength = arguments_.range.min;
-      request.maxLength = arguments_.range.max;
-    }
-    FoundNumbers& found = results_.BeginSearch();
     const auto start = Clock::now();
-    const ScanOutcome outcome = PerformScan(*lexicon_, request, found, random_);
+    const ScanOutcome outcome = run->List(lexicon_, random_, {arguments_.upper}, results_);
     const double elapsed = MillisecondsSince(start);
     if (!outcome.errors.empty()) {
       return Refuse(
           typed, ReportOf(outcome.errors.front()).statusText + " (" + outcome.errors.front().error.description + ")");
     }
-    results_.EndSearch(lexicon_, outcome, arguments_.upper);
     if (arguments_.order != SortOrder::Alphabetic) {
       results_.Sort(arguments_.order, arguments_.upper);
     }
-    const auto count = static_cast<int64_t>(results_.FoundCount());
-    const std::string summary = SummaryStatus(count, read.noun, arguments_.range);
-    Show(typed, read, summary, elapsed);
+    // Before the words are shown: a reader may go away while they are.
+    const bool saved = Save(search);
+    const std::string summary = SummaryStatus(results_.FoundCount(), search);
     Note(summary);
     if (arguments_.time) {
       Note(TimeText(std::llround(elapsed)));
     }
-    if (!Save(read)) {
-      return kFailed;
-    }
-    return count > 0 ? kFound : kNothingFound;
+    Show(typed, run->Prepared(), summary, elapsed);
+    return !saved ? kFailed : results_.FoundCount() > 0 ? kFound : kNothingFound;
   }
 
   int Refuse(const std::string& typed, const std::string& text) {
@@ -181,17 +166,13 @@ class FindRun {
     return kFailed;
   }
 
-  WordSequence Words() const {
-    return arguments_.order == SortOrder::Alphabetic ? results_.FoundWords() : results_.FoundWordsCopy();
-  }
-
-  void Show(const std::string& typed, const ReadPattern& read, const std::string& summary, double elapsed) {
-    const WordSequence words = Words();
+  void Show(const std::string& typed, const PreparedPattern& prepared, const std::string& summary, double elapsed) {
+    const WordSequence words = results_.WordsIn(arguments_.order);
     if (arguments_.json) {
       JsonObject object;
       object.Text("pattern", typed)
-          .Text("prepared", read.prepared.pattern)
-          .Number("kind", static_cast<int>(read.prepared.kind))
+          .Text("prepared", prepared.pattern)
+          .Number("kind", static_cast<int>(prepared.kind))
           .Number("count", static_cast<int64_t>(words.numbers.size()))
           .Text("status", summary)
           .Milliseconds("ms", elapsed);
@@ -210,18 +191,17 @@ class FindRun {
     }
   }
 
-  bool Save(const ReadPattern& read) {
+  bool Save(const Search& search) {
     std::optional<FileError> error;
     if (!arguments_.saveFile.empty()) {
-      error = WriteResultsFile(arguments_.saveFile,
-                               {results_.FoundCount(), read.noun, read.kept, arguments_.search.lists}, Words());
+      error = WriteResultsFile(arguments_.saveFile, search, results_, arguments_.order);
     }
     if (!error && !arguments_.saveLexicon.empty()) {
       if (results_.FoundCount() == 0) {
         Complain("no word was found; " + arguments_.saveLexicon + " was not written");
         return false;
       }
-      error = WriteResultsAsLexicon(arguments_.saveLexicon, Words());
+      error = WriteResultsAsLexicon(arguments_.saveLexicon, results_, arguments_.order);
     }
     if (error) {
       Complain("can't write " + error->Text());

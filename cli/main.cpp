@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <csignal>
 #include <exception>
+#include <functional>
 #include <iostream>
+#include <memory>
 
 #include "base/version.h"
 #include "cli/explain_command.h"
@@ -24,12 +26,106 @@ constexpr const char* kPatternFooter =
 constexpr const char* kStatusFooter =
     "Exit status: 0 words were found, 1 none, 2 the pattern was refused or something failed.";
 
+// A command with its parser; `run` keeps what the parser fills, and gives the exit status.
+struct CommandLine {
+  CLI::App* parser;
+  std::function<int()> run;
+};
+
+const CLI::Validator& NotEmpty() {
+  static const CLI::Validator validator([](const std::string& value) { return value.empty() ? "needs a value" : ""; },
+                                        "");
+  return validator;
+}
+
 void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   command->add_option("PATTERN", arguments.pattern, "The pattern, as typed into the window")->required();
-  command->add_option("--type", arguments.typeName, "word, palindrome, anagram or exact")->capture_default_str();
+  command->add_option("--type", arguments.typeName, WordTypeNames("or"))->capture_default_str();
   command->add_option("--include", arguments.include, "Characters that # stands for (default a-z)");
   command->add_option("--exclude", arguments.exclude, "Characters that ! does not stand for (default none)");
   command->add_option("--rack", arguments.rack, "Tiles that = stands for; - and ? are blanks (default none)");
+}
+
+// What is wrong with the values, said; true when nothing is.
+template <class Arguments>
+bool Settled(Arguments& arguments) {
+  const auto problem = arguments.Settle();
+  if (problem) {
+    Complain(*problem);
+  }
+  return !problem;
+}
+
+CommandLine AddFind(CLI::App& app) {
+  auto find = std::make_shared<FindArguments>();
+  CLI::App* command = app.add_subcommand("find",
+                                         "List every word that fits, one a line (PATTERN -: each line of "
+                                         "standard input)");
+  command->footer(std::string(kPatternFooter) + "\n" + kStatusFooter);
+  AddSearchOptions(command, find->asked);
+  command->add_option("--lexicon", find->lexicon, "Lexicon file (default: words.lex of the program's directory)")
+      ->check(NotEmpty());
+  command->add_option("--data-dir", find->dataDir, "The program's directory")->check(NotEmpty());
+  command->add_option("--length", find->asked.lengthText, "Word length, N or MIN-MAX, 1 to 60")->check(NotEmpty());
+  command->add_option("--sort", find->sortName, SortOrderNames("or"))->capture_default_str();
+  command->add_flag("--upper", find->upper, "Words in upper case");
+  command->add_flag("--count", find->count, "Print the number of words only");
+  command->add_flag("--time", find->time, "Print the time of the search on standard error");
+  command->add_flag("--json", find->json, "One JSON object a line");
+  command->add_option("--seed", find->seed, "Seed of random words")->check(NotEmpty());
+  command->add_option("--save", find->saveFile, "Also write the results file")->check(NotEmpty());
+  command->add_option("--save-lexicon", find->saveLexicon, "Also write the words as a lexicon file")->check(NotEmpty());
+  return {command, [find] { return Settled(*find) ? Find(*find) : kFailed; }};
+}
+
+CommandLine AddExplain(CLI::App& app) {
+  struct Options {
+    SearchArguments asked;
+    bool paste = false;
+  };
+  auto options = std::make_shared<Options>();
+  CLI::App* command =
+      app.add_subcommand("explain", "Print what the input check and the preparation make of a pattern, as JSON");
+  AddSearchOptions(command, options->asked);
+  command->footer(kPatternFooter);
+  command->add_flag("--paste", options->paste, "Take the pattern at once instead of character by character");
+  return {command, [options] { return Settled(options->asked) ? Explain(options->asked, options->paste) : kFailed; }};
+}
+
+CommandLine AddStats(CLI::App& app) {
+  struct Options {
+    std::string lexicon;
+    std::string dataDir;
+  };
+  auto options = std::make_shared<Options>();
+  CLI::App* command = app.add_subcommand("stats", "Print the lexicon's counts by letter and by length");
+  command->add_option("--lexicon", options->lexicon, "Lexicon file")->check(NotEmpty());
+  command->add_option("--data-dir", options->dataDir, "The program's directory")->check(NotEmpty());
+  return {command, [options] { return ShowStatistics(LexiconPath(options->lexicon, options->dataDir)); }};
+}
+
+CommandLine AddCheck(CLI::App& lexicon) {
+  struct Options {
+    std::string file;
+    bool json = false;
+  };
+  auto options = std::make_shared<Options>();
+  CLI::App* command = lexicon.add_subcommand("check", "Load a lexicon as the program would");
+  command->add_option("FILE", options->file, "Lexicon file")->required();
+  command->add_flag("--json", options->json, "One JSON object");
+  return {command, [options] { return CheckLexicon(options->file, options->json); }};
+}
+
+CommandLine AddMake(CLI::App& lexicon) {
+  struct Options {
+    std::vector<std::string> inputs;
+    std::string output;
+  };
+  auto options = std::make_shared<Options>();
+  CLI::App* command = lexicon.add_subcommand("make", "Make a lexicon of plain word lists");
+  command->add_option("INPUT", options->inputs, "Word lists")->required();
+  command->add_option("-o", options->output, "The lexicon file to write")->required();
+  return {command, [options] { return MakeLexicon(options->inputs, options->output); }};
 }
 
 bool TakesValue(const CLI::App& command, const std::string& name) {
@@ -53,73 +149,40 @@ std::string DashedPattern(const CLI::App& command, const std::vector<std::string
   return {};
 }
 
+// A pattern that is taken for an option, with what to type instead; empty when there is none.
+std::string DashedPatternText(const std::vector<CommandLine>& commands, const std::vector<std::string>& arguments) {
+  for (const CommandLine& command : commands) {
+    const bool takesPattern = command.parser->get_option_no_throw("PATTERN") != nullptr;
+    if (!takesPattern || arguments.empty() || arguments.front() != command.parser->get_name()) {
+      continue;
+    }
+    if (const std::string dashed = DashedPattern(*command.parser, arguments); !dashed.empty()) {
+      return "'" + dashed +
+             "' is no option; a pattern that begins with - stands behind --, after all options: " + "quorvane-cli " +
+             arguments.front() + " [options] -- -at";
+    }
+  }
+  return {};
+}
+
 int Run(int argc, const char* const* argv) {
   CLI::App app("Lists every word of a lexicon that fits a pattern.", "quorvane-cli");
   app.set_version_flag("--version", "quorvane-cli " + VersionText());
   app.require_subcommand(1);
   app.footer("quorvane-cli COMMAND --help says more. Exit status of every command: 2 when something failed.");
-
-  FindArguments find;
-  CLI::App* findCommand = app.add_subcommand("find",
-                                             "List every word that fits, one a line (PATTERN -: each line of "
-                                             "standard input)");
-  findCommand->footer(std::string(kPatternFooter) + "\n" + kStatusFooter);
-  AddSearchOptions(findCommand, find.search);
-  findCommand->add_option("--lexicon", find.lexicon, "Lexicon file (default: words.lex of the program's directory)");
-  findCommand->add_option("--data-dir", find.dataDir, "The program's directory");
-  findCommand->add_option("--length", find.lengthText, "Word length, N or MIN-MAX, 1 to 60");
-  findCommand->add_option("--sort", find.sortName, "alpha, short or long")->capture_default_str();
-  findCommand->add_flag("--upper", find.upper, "Words in upper case");
-  findCommand->add_flag("--count", find.count, "Print the number of words only");
-  findCommand->add_flag("--time", find.time, "Print the time of the search on standard error");
-  findCommand->add_flag("--json", find.json, "One JSON object a line");
-  findCommand->add_option("--seed", find.seed, "Seed of random words");
-  findCommand->add_option("--save", find.saveFile, "Also write the results file");
-  findCommand->add_option("--save-lexicon", find.saveLexicon, "Also write the words as a lexicon file");
-  const CLI::Validator notEmpty([](const std::string& value) { return value.empty() ? "needs a value" : ""; }, "");
-  for (const char* name : {"--lexicon", "--data-dir", "--length", "--save", "--save-lexicon", "--seed"}) {
-    findCommand->get_option(name)->check(notEmpty);
-  }
-
-  SearchArguments explain;
-  bool paste = false;
-  CLI::App* explainCommand =
-      app.add_subcommand("explain", "Print what the input check and the preparation make of a pattern, as JSON");
-  AddSearchOptions(explainCommand, explain);
-  explainCommand->footer(kPatternFooter);
-  explainCommand->add_flag("--paste", paste, "Take the pattern at once instead of character by character");
-
-  std::string statsLexicon;
-  std::string statsDataDir;
-  CLI::App* statsCommand = app.add_subcommand("stats", "Print the lexicon's counts by letter and by length");
-  statsCommand->add_option("--lexicon", statsLexicon, "Lexicon file")->check(notEmpty);
-  statsCommand->add_option("--data-dir", statsDataDir, "The program's directory")->check(notEmpty);
-
-  CLI::App* lexiconCommand = app.add_subcommand("lexicon", "Check and make lexicon files");
-  lexiconCommand->require_subcommand(1);
-  std::string checkFile;
-  bool checkJson = false;
-  CLI::App* checkCommand = lexiconCommand->add_subcommand("check", "Load a lexicon as the program would");
-  checkCommand->add_option("FILE", checkFile, "Lexicon file")->required();
-  checkCommand->add_flag("--json", checkJson, "One JSON object");
-  std::vector<std::string> makeInputs;
-  std::string makeOutput;
-  CLI::App* makeCommand = lexiconCommand->add_subcommand("make", "Make a lexicon of plain word lists");
-  makeCommand->add_option("INPUT", makeInputs, "Word lists")->required();
-  makeCommand->add_option("-o", makeOutput, "The lexicon file to write")->required();
+  std::vector<CommandLine> commands{AddFind(app), AddExplain(app), AddStats(app)};
+  CLI::App* lexicon = app.add_subcommand("lexicon", "Check and make lexicon files");
+  lexicon->require_subcommand(1);
+  commands.push_back(AddCheck(*lexicon));
+  commands.push_back(AddMake(*lexicon));
 
   const std::vector<std::string> arguments = SplitEmptyValues(argc, argv, [&](const std::string& name) {
-    return TakesValue(*findCommand, name) || TakesValue(*explainCommand, name) || TakesValue(*statsCommand, name);
+    return std::any_of(commands.begin(), commands.end(),
+                       [&](const CommandLine& command) { return TakesValue(*command.parser, name); });
   });
-  for (const CLI::App* command : {findCommand, explainCommand}) {
-    if (arguments.empty() || arguments.front() != command->get_name()) {
-      continue;
-    }
-    if (const std::string dashed = DashedPattern(*command, arguments); !dashed.empty()) {
-      Complain("'" + dashed + "' is no option; a pattern that begins with - stands behind --, after all options: " +
-               "quorvane-cli " + command->get_name() + " [options] -- -at");
-      return kFailed;
-    }
+  if (const std::string text = DashedPatternText(commands, arguments); !text.empty()) {
+    Complain(text);
+    return kFailed;
   }
   std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   try {
@@ -131,24 +194,9 @@ int Run(int argc, const char* const* argv) {
     app.exit(error);
     return kFailed;
   }
-
-  const auto settled = [](auto& settings) {
-    const auto problem = settings.Settle();
-    if (problem) {
-      Complain(*problem);
-    }
-    return !problem;
-  };
-  if (findCommand->parsed()) {
-    return settled(find) ? Find(find) : kFailed;
-  }
-  if (explainCommand->parsed()) {
-    return settled(explain) ? Explain(explain, paste) : kFailed;
-  }
-  if (statsCommand->parsed()) {
-    return ShowStatistics(LexiconPath(statsLexicon, statsDataDir));
-  }
-  return checkCommand->parsed() ? CheckLexicon(checkFile, checkJson) : MakeLexicon(makeInputs, makeOutput);
+  const auto chosen = std::find_if(commands.begin(), commands.end(),
+                                   [](const CommandLine& command) { return command.parser->parsed(); });
+  return chosen->run();
 }
 
 }  // namespace

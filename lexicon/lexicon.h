@@ -21,10 +21,8 @@ using WordNumber = uint32_t;
 
 inline constexpr int kLexiconCapacity = 2'000'000;
 inline constexpr int kMaxWordLength = 90;         // In characters; a longer line is an error.
-inline constexpr int kLongestLengthOffered = 60;  // What the length lists and the statistics go up to.
 inline constexpr int kFirstInitial = 65;          // Code of "A", the first initial a word may have in upper case.
 inline constexpr int kInitials = 31;              // "A" to "Z" and the five codes after it, "[" to "_".
-inline constexpr const char* kDefaultLexiconName = "words.lex";
 
 class Lexicon {
  public:

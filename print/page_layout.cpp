@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "results/summary.h"
+
 namespace quorvane {
 namespace {
 
@@ -88,9 +90,9 @@ class Layout {
     int top = kLegendTop;
     for (const ListKind kind : kLegendOrder) {
       const ListFacts& facts = FactsOf(kind);
-      if (input_.header.typed.find(facts.wildcard) != std::string::npos) {
+      if (input_.search.text.find(facts.wildcard) != std::string::npos) {
         Place(kLeftEdge, top, kLegendFont,
-              Fit(std::string(facts.printLegend) + BracketForm(input_.header.lists.Of(kind)), kLegendFont,
+              Fit(std::string(facts.printLegend) + BracketForm(input_.search.lists.Of(kind)), kLegendFont,
                   input_.pageWidth - 2 * kLeftEdge));
         top += kLegendStep;
       }
@@ -102,11 +104,12 @@ class Layout {
   }
 
   void Title() {
-    const std::string title = Fit(HeaderLine(input_.header), kTitleFont, input_.pageWidth - 2 * kLeftEdge);
+    const std::string title =
+        Fit(HeaderLine(input_.found, input_.search), kTitleFont, input_.pageWidth - 2 * kLeftEdge);
     int x = input_.pageWidth / 2 - input_.measure(title, kTitleFont) / 2;
-    if (input_.header.noun == FactsOf(WordType::AnagramExact).noun) {
+    if (input_.search.mode == WordType::AnagramExact) {
       x -= kExactAnagramShift;
-    } else if (input_.header.noun == FactsOf(WordType::Anagram).noun) {
+    } else if (input_.search.mode == WordType::Anagram) {
       x -= kFullAnagramShift;
     }
     Place(std::max(x, kLeftEdge), kTitleTop, kTitleFont, title);

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "print/page_estimate.h"
-#include "results/results_file.h"
+#include "search/search.h"
 
 namespace quorvane {
 
@@ -34,7 +34,8 @@ struct PageLayoutInput {
   int columns = 1;
   PrintFont font;
   PageEstimate estimate;  // The footer's total of pages.
-  ResultsFileHeader header;
+  size_t found = 0;       // Words, of the search below.
+  Search search;
   std::tm now{};
   // The width of a text in twips.
   std::function<int(const std::string& text, const PrintFont& font)> measure;

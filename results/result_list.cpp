@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "results/sorting.h"
 #include "search/search_texts.h"
 
 namespace quorvane {
@@ -20,14 +19,17 @@ std::string WordSequence::Word(size_t i) const {
   return std::string(lexicon->Word(numbers[i]));
 }
 
-void ResultList::EndSearch(std::shared_ptr<const Lexicon> lexicon, const ScanOutcome& outcome, bool upperCase) {
+void ResultList::EndSearch(const Search& search, std::shared_ptr<const Lexicon> lexicon, const ScanOutcome& outcome,
+                           bool upperCase) {
+  search_ = search;
   lexicon_ = std::move(lexicon);
   listed_ = outcome.listed;
-  truncated_ = outcome.truncated;
+  truncated_ = lastScanTruncated_ = outcome.truncated;
   foundCase_ = copyCase_ = shownCase_ = upperCase ? LetterCase::Upper : LetterCase::AsStored;
 }
 
 void ResultList::Clear() {
+  search_.reset();
   found_.Clear();
   listed_ = 0;
   truncated_ = false;
@@ -37,9 +39,10 @@ void ResultList::Clear() {
 
 void ResultList::Sort(SortOrder order, bool upperCase) {
   shownCase_ = upperCase ? LetterCase::Upper : LetterCase::Lower;
-  showsCopy_ = order != SortOrder::Alphabetic;
+  const auto arrange = RowOf(order).arrange;
+  showsCopy_ = arrange != nullptr;
   if (showsCopy_ && lexicon_ != nullptr) {
-    SortByLength(*lexicon_, found_.Span(), order == SortOrder::LongestFirst, byLength_);
+    arrange(*lexicon_, found_.Span(), sorted_);
     copyIsSorted_ = true;
     copyCase_ = shownCase_;
   }
@@ -56,7 +59,7 @@ int ResultList::LongestFound() const {
 }
 
 WordSequence ResultList::FoundWordsCopy() const {
-  return {lexicon_.get(), copyIsSorted_ ? byLength_.Span() : found_.Span(), copyCase_};
+  return {lexicon_.get(), copyIsSorted_ ? sorted_.Span() : found_.Span(), copyCase_};
 }
 
 std::string ResultList::Entry(size_t i) const {

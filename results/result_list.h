@@ -1,22 +1,24 @@
-// The words found by the last search: what was found, the order of the last length sort, and what the screen shows.
+// The words found by the last search: what was found, the order of the last sort, and what the screen shows.
 //
 // A found word is its number in a lexicon that the list keeps alive, plus the letter case it was listed in.
 #pragma once
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "lexicon/lexicon.h"
+#include "results/sort_order.h"
 #include "search/emit.h"
 #include "search/scan.h"
+#include "search/search.h"
 
 namespace quorvane {
 
 enum class LetterCase { AsStored, Lower, Upper };
-enum class SortOrder { Alphabetic, ShortestFirst, LongestFirst };
 
 // A run of found words in one order and one letter case.
 struct WordSequence {
@@ -35,37 +37,48 @@ class ResultList {
     return found_;
   }
   // The scan is over: the list shows what was found, in the lexicon's case or in upper case.
-  void EndSearch(std::shared_ptr<const Lexicon> lexicon, const ScanOutcome& outcome, bool upperCase);
+  void EndSearch(const Search& search, std::shared_ptr<const Lexicon> lexicon, const ScanOutcome& outcome,
+                 bool upperCase);
   // Nothing found and nothing shown.
   void Clear();
 
-  // Shows the words in another order, in lower or upper case. A length order is kept for saving.
+  // Shows the words in another order, in lower or upper case. Any but the order found is kept for saving.
   void Sort(SortOrder order, bool upperCase);
 
+  // The search that made the list; nothing before the first one and once the list was cleared.
+  const std::optional<Search>& MadeBy() const { return search_; }
   size_t FoundCount() const { return found_.size(); }
   bool ListTruncated() const { return truncated_; }
+  // Whether the screen list refused an entry of the last search, cleared or sorted since or not.
+  bool LastScanTruncated() const { return lastScanTruncated_; }
   // The longest found word in characters; 0 for none.
   int LongestFound() const;
 
-  // All found words: in the order found (`FoundWords`) and in that of the last length sort (`FoundWordsCopy`).
+  // All found words: in the order found (`FoundWords`) and in that of the last sort into another (`FoundWordsCopy`).
   WordSequence FoundWords() const { return {lexicon_.get(), found_.Span(), foundCase_}; }
   WordSequence FoundWordsCopy() const;
+  // What is saved while that order is chosen.
+  WordSequence WordsIn(SortOrder order) const {
+    return order == SortOrder::Alphabetic ? FoundWords() : FoundWordsCopy();
+  }
 
   // The screen list: its entries, with a last one that says so when the list was truncated.
   size_t EntryCount() const { return listed_ + (truncated_ ? 1 : 0); }
   std::string Entry(size_t i) const;
 
  private:
+  std::optional<Search> search_;
   std::shared_ptr<const Lexicon> lexicon_;
   FoundNumbers found_;
-  FoundNumbers byLength_;
-  bool copyIsSorted_ = false;  // The copy is `byLength_`; else it equals what was found.
+  FoundNumbers sorted_;
+  bool copyIsSorted_ = false;  // The copy is `sorted_`; else it equals what was found.
   LetterCase foundCase_ = LetterCase::AsStored;
   LetterCase copyCase_ = LetterCase::AsStored;
   bool showsCopy_ = false;
   LetterCase shownCase_ = LetterCase::AsStored;
   size_t listed_ = 0;
   bool truncated_ = false;
+  bool lastScanTruncated_ = false;
 };
 
 }  // namespace quorvane

@@ -5,7 +5,6 @@
 
 #include "base/text.h"
 #include "results/summary.h"
-#include "search/match.h"
 
 namespace quorvane {
 namespace {
@@ -21,20 +20,6 @@ void WriteLine(FileWriter& out, std::string_view text) {
 }
 
 }  // namespace
-
-std::string WritingStatus(size_t count, const std::string& noun) {
-  return "Writing " + CountedNoun(static_cast<int64_t>(count), noun) + " to file ...";
-}
-
-std::string HeaderLine(const ResultsFileHeader& header) {
-  const std::string found = CountedNoun(static_cast<int64_t>(header.count), header.noun) + " found";
-  if (header.typed.starts_with('%')) {
-    const SequenceParts parts = SplitSequence(header.typed);
-    return found + " (" + header.typed.substr(1, 1) + (parts.orMore ? " or more " : " ") + "of '" + parts.letters +
-           "')";
-  }
-  return header.typed.starts_with('~') ? found : found + " matching the word pattern \"" + header.typed + "\"";
-}
 
 void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lineEnd, const WriteProgress& progress) {
   // Words in the case of one of the lexicon's texts are copied 16 characters at a time; each is followed by at least as
@@ -59,29 +44,26 @@ void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lin
   }
 }
 
-std::optional<FileError> WriteResultsFile(const std::string& path, const ResultsFileHeader& header,
-                                          const WordSequence& words, const WriteProgress& progress) {
+std::optional<FileError> WriteResultsFile(const std::string& path, const Search& said, const ResultList& results,
+                                          SortOrder order, const WriteProgress& progress) {
   return ReplaceFile(path, [&](FileWriter& out) {
-    WriteLine(out, HeaderLine(header));
-    for (const ListKind kind : kListKinds) {
-      const ListFacts& facts = FactsOf(kind);
-      if (header.typed.find(facts.wildcard) != std::string::npos) {
-        WriteLine(out, std::string(facts.fileLegend) + BracketForm(header.lists.Of(kind)));
-      }
+    WriteLine(out, HeaderLine(results.FoundCount(), said));
+    for (const ListKind kind : ListsNamedIn(said.text)) {
+      WriteLine(out, std::string(FactsOf(kind).fileLegend) + BracketForm(said.lists.Of(kind)));
     }
-    if (header.count < 1) {
+    if (results.FoundCount() < 1) {
       return;
     }
     WriteLine(out, "");
     WriteLine(out, kStartOfList);
-    WriteWords(out, words, kLineEnd, progress);
+    WriteWords(out, results.WordsIn(order), kLineEnd, progress);
     WriteLine(out, kEndOfList);
   });
 }
 
-std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const WordSequence& words,
+std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const ResultList& results, SortOrder order,
                                                const WriteProgress& progress) {
-  return ReplaceFile(path, [&](FileWriter& out) { WriteWords(out, words, kLineEnd, progress); });
+  return ReplaceFile(path, [&](FileWriter& out) { WriteWords(out, results.WordsIn(order), kLineEnd, progress); });
 }
 
 }  // namespace quorvane

@@ -7,23 +7,10 @@
 
 #include "base/file.h"
 #include "results/result_list.h"
-#include "search/character_lists.h"
 
 namespace quorvane {
 
 inline constexpr const char* kDefaultResultsName = "outlist.txt";
-
-struct ResultsFileHeader {
-  size_t count = 0;
-  std::string noun;
-  std::string typed;
-  CharacterLists lists;
-};
-
-// What the status line says while the file is written.
-std::string WritingStatus(size_t count, const std::string& noun);
-// The first line: what was searched for and how many were found. The printed title has the same words.
-std::string HeaderLine(const ResultsFileHeader& header);
 
 // Told now and then how many percent of the words are written.
 using WriteProgress = std::function<void(int percent)>;
@@ -32,11 +19,12 @@ using WriteProgress = std::function<void(int percent)>;
 void WriteWords(FileWriter& out, const WordSequence& words, std::string_view lineEnd,
                 const WriteProgress& progress = {});
 
-// Writes header, legend and words; an empty result has neither list nor markers. Lines end with CR LF.
-std::optional<FileError> WriteResultsFile(const std::string& path, const ResultsFileHeader& header,
-                                          const WordSequence& words, const WriteProgress& progress = {});
+// Writes header, legend and the words in that order; an empty result has neither list nor markers. Lines end with CR
+// LF. `said` is the search that the header names.
+std::optional<FileError> WriteResultsFile(const std::string& path, const Search& said, const ResultList& results,
+                                          SortOrder order, const WriteProgress& progress = {});
 // Writes the words alone, one a line.
-std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const WordSequence& words,
+std::optional<FileError> WriteResultsAsLexicon(const std::string& path, const ResultList& results, SortOrder order,
                                                const WriteProgress& progress = {});
 
 }  // namespace quorvane

@@ -1,5 +1,7 @@
 #include "results/statistics.h"
 
+#include "base/limits.h"
+
 namespace quorvane {
 
 std::array<StatisticsRow, 26> CountByLetter(const Lexicon& lexicon) {

@@ -1,6 +1,7 @@
 #include "results/summary.h"
 
 #include "base/text.h"
+#include "search/match.h"
 
 namespace quorvane {
 namespace {
@@ -9,8 +10,8 @@ constexpr int64_t kPositionLimit = 65536;
 
 }  // namespace
 
-std::string CountedNoun(int64_t count, std::string_view noun) {
-  return std::to_string(count) + " " + std::string(noun) + std::string(PluralS(count));
+std::string CountedNoun(size_t count, std::string_view noun) {
+  return std::to_string(count) + " " + std::string(noun) + std::string(PluralS(static_cast<int64_t>(count)));
 }
 
 std::string RangeText(const LengthRange& range) {
@@ -23,12 +24,25 @@ std::string RangeText(const LengthRange& range) {
   return "  (of " + std::to_string(range.min) + " to " + std::to_string(range.max) + " letters in length)";
 }
 
-std::string SummaryStatus(int64_t count, std::string_view noun, const LengthRange& range) {
-  return CountedNoun(count, noun) + " found" + RangeText(range);
+std::string SummaryStatus(size_t count, const Search& search) {
+  return CountedNoun(count, search.noun) + " found" + RangeText(search.lengths);
 }
 
-std::string SummaryLog(int64_t count, std::string_view noun, std::string_view typed, const LengthRange& range) {
-  return CountedNoun(count, noun) + " found using pattern '" + std::string(typed) + "'" + RangeText(range);
+std::string SummaryLog(size_t count, const Search& search) {
+  return CountedNoun(count, search.noun) + " found using pattern '" + search.text + "'" + RangeText(search.lengths);
+}
+
+std::string WritingStatus(size_t count, const Search& search) {
+  return "Writing " + CountedNoun(count, search.noun) + " to file ...";
+}
+
+std::string HeaderLine(size_t count, const Search& search) {
+  const std::string found = CountedNoun(count, search.noun) + " found";
+  if (search.text.starts_with('%')) {
+    const SequenceParts parts = SplitSequence(search.text);
+    return found + " (" + search.text.substr(1, 1) + (parts.orMore ? " or more " : " ") + "of '" + parts.letters + "')";
+  }
+  return search.text.starts_with('~') ? found : found + " matching the word pattern \"" + search.text + "\"";
 }
 
 std::string TimeText(int64_t milliseconds) {

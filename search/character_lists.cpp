@@ -40,15 +40,17 @@ std::string BracketForm(std::string_view list) {
 }
 
 std::string CleanList(ListKind kind, std::string_view typed) {
-  const ListFacts& facts = FactsOf(kind);
-  std::string clean;
-  for (const char c : typed) {
-    const bool allowed = IsLetter(c) || (facts.blankTiles && (c == '?' || c == '-'));
-    if (allowed && (facts.repeats || clean.find(c) == std::string::npos)) {
-      clean += c;
+  return KeepLetters(typed, FactsOf(kind).blankTiles, FactsOf(kind).repeats);
+}
+
+std::vector<ListKind> ListsNamedIn(std::string_view text) {
+  std::vector<ListKind> named;
+  for (const ListKind kind : kListKinds) {
+    if (text.find(FactsOf(kind).wildcard) != std::string_view::npos) {
+      named.push_back(kind);
     }
   }
-  return clean;
+  return named;
 }
 
 const std::string& CharacterLists::Of(ListKind kind) const {

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvane {
 
@@ -38,6 +39,9 @@ std::string BracketForm(std::string_view list);
 // The text without the characters that the list does not allow and, for lists without repeats, without later
 // occurrences of a character (case counts: "aA" holds no repeat).
 std::string CleanList(ListKind kind, std::string_view typed);
+
+// The lists whose wildcards occur in the text, in the order of the results file.
+std::vector<ListKind> ListsNamedIn(std::string_view text);
 
 // The three lists as stored, letter case and all.
 struct CharacterLists {

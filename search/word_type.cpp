@@ -16,6 +16,10 @@ constexpr std::array kFacts = {
 
 }  // namespace
 
+std::span<const WordTypeFacts> WordTypes() {
+  return kFacts;
+}
+
 const WordTypeFacts& FactsOf(WordType type) {
   return kFacts[static_cast<size_t>(type)];
 }

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace quorvane {
@@ -19,6 +20,7 @@ struct WordTypeFacts {
   std::string_view prompt;         // Shown when a search is started with nothing typed.
 };
 
+std::span<const WordTypeFacts> WordTypes();
 const WordTypeFacts& FactsOf(WordType type);
 std::optional<WordType> WordTypeOfOption(std::string_view option);
 

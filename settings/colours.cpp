@@ -10,25 +10,35 @@ constexpr size_t kColourDigits = 8;
 constexpr size_t kCustomDigits = 6;
 
 constexpr std::array kElements = {
-    ColourElementRow{ColourElement::MainText, "memMainText", "Main text", Setting::ColourMainText,
+    ColourElementRow{ColourElement::MainBack, "menMainBack", "&Main Background", "Main background",
+                     Setting::ColourMainBack, Setting::CustomMainBack, "&H8000000F", "&H8000000F"},
+    ColourElementRow{ColourElement::MainText, "memMainText", "Main Te&xt", "Main text", Setting::ColourMainText,
                      Setting::CustomMainText, "&H00000000", "&H00000000"},
-    ColourElementRow{ColourElement::MainBack, "menMainBack", "Main background", Setting::ColourMainBack,
-                     Setting::CustomMainBack, "&H8000000F", "&H8000000F"},
-    ColourElementRow{ColourElement::ResultsBack, "menResBack", "Results background", Setting::ColourListBack,
-                     Setting::CustomListBack, "&H00800000", "&H00800000"},
-    ColourElementRow{ColourElement::ResultsText, "menResText", "Results text", Setting::ColourListText,
-                     Setting::CustomListText, "&H0000FFFF", "&H0000FFFF"},
-    ColourElementRow{ColourElement::StatusText, "menStatusText", "Status text", Setting::ColourStatusText,
-                     Setting::CustomStatusText, "&H000000C0", "&H000000C0"},
-    ColourElementRow{ColourElement::TimerText, "menTimerText", "Timer text", Setting::ColourTimerText,
-                     Setting::CustomTimerText, "&H000080FF", "&H0000FFFF"},
-    ColourElementRow{ColourElement::LettersText, "menLettersText", "# Letters text", Setting::ColourLettersText,
-                     Setting::CustomLettersText, "&H00FF0000", "&H00FF0000"},
-    ColourElementRow{ColourElement::GroupText, "menGroupText", "Group text", Setting::ColourGroupText,
+    ColourElementRow{ColourElement::ResultsBack, "menResBack", "Results box &Background", "Results background",
+                     Setting::ColourListBack, Setting::CustomListBack, "&H00800000", "&H00800000"},
+    ColourElementRow{ColourElement::ResultsText, "menResText", "Results box &Text", "Results text",
+                     Setting::ColourListText, Setting::CustomListText, "&H0000FFFF", "&H0000FFFF"},
+    ColourElementRow{ColourElement::LettersText, "menLettersText", "# &Letters Text", "# Letters text",
+                     Setting::ColourLettersText, Setting::CustomLettersText, "&H00FF0000", "&H00FF0000"},
+    ColourElementRow{ColourElement::GroupText, "menGroupText", "&Group Text", "Group text", Setting::ColourGroupText,
                      Setting::CustomGroupText, "&H00C000C0", "&H00C000C0"},
-    ColourElementRow{ColourElement::WordChoiceText, "menWordChText", "Word choice text", Setting::ColourSelectionText,
-                     Setting::CustomSelectionText, "&H00C00000", "&H00C00000"},
+    ColourElementRow{ColourElement::WordChoiceText, "menWordChText", "&Word choice Text", "Word choice text",
+                     Setting::ColourSelectionText, Setting::CustomSelectionText, "&H00C00000", "&H00C00000"},
+    ColourElementRow{ColourElement::StatusText, "menStatusText", "&Status Text", "Status text",
+                     Setting::ColourStatusText, Setting::CustomStatusText, "&H000000C0", "&H000000C0"},
+    ColourElementRow{ColourElement::TimerText, "menTimerText", "T&imer Text", "Timer text", Setting::ColourTimerText,
+                     Setting::CustomTimerText, "&H000080FF", "&H0000FFFF"},
 };
+static_assert(
+    [] {
+      for (size_t i = 0; i < kElements.size(); ++i) {
+        if (kElements[i].element != static_cast<ColourElement>(i)) {
+          return false;
+        }
+      }
+      return true;
+    }(),
+    "the rows stand in the order of the elements");
 
 constexpr std::array kResetOrder = {
     ColourElement::MainBack,    ColourElement::MainText,    ColourElement::WordChoiceText,

@@ -36,23 +36,24 @@ std::string CustomColourText(const Rgb& rgb);
 // Two upper-case hexadecimal digits.
 std::string HexPair(int value);
 
+// In the order of the menu.
 enum class ColourElement {
-  MainText,
   MainBack,
+  MainText,
   ResultsBack,
   ResultsText,
-  StatusText,
-  TimerText,
   LettersText,
   GroupText,
   WordChoiceText,
+  StatusText,
+  TimerText,
 };
-inline constexpr size_t kColourElements = 9;
 
 struct ColourElementRow {
   ColourElement element;
-  std::string_view menuItem;  // Object name of its menu item.
-  std::string_view caption;   // Of the colour window.
+  std::string_view menuItem;  // Object name and caption of its menu item.
+  std::string_view menuCaption;
+  std::string_view caption;  // Of the colour window.
   Setting colour;
   Setting custom;
   std::string_view windowDefault;  // What the colour window's default command gives.

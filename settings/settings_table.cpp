@@ -7,52 +7,82 @@
 #include <optional>
 
 #include "base/file.h"
+#include "base/limits.h"
+#include "base/program_directory.h"
 #include "base/text.h"
 #include "settings/colours.h"
 
 namespace quorvane {
 namespace {
 
-constexpr int kMaxLength = 60;
-
 constexpr std::array kRows = {
-    SettingRow{Setting::LexiconFile, "Locations", "LexiconFile", "words.lex", Repair::ByItsReader},
+    SettingRow{Setting::LexiconFile, "Locations", "LexiconFile", kDefaultLexiconName, Repair::ByItsReader,
+               StartUpRule::LexiconFile, "PRB LexFile"},
     // Its default is "outlist.txt" in the program's directory.
-    SettingRow{Setting::SaveFileName, "Locations", "SaveFileName", "outlist.txt", Repair::ByItsReader},
-    SettingRow{Setting::SaveToFile, "Options", "SaveToFile", "Yes", Repair::YesNo},
-    SettingRow{Setting::Literati, "Options", "Literati", "No", Repair::YesNo},
-    SettingRow{Setting::TimerInd, "Options", "TimerInd", "No", Repair::YesNo},
-    SettingRow{Setting::WriteToLogFile, "Options", "WriteToLogFile", "Yes", Repair::YesNo},
-    SettingRow{Setting::WideScreen, "Options", "WideScreen", "No", Repair::YesNo},
-    SettingRow{Setting::RandomDisclaimer, "Options", "RandomDisclaimer", "Yes", Repair::YesNo},
-    SettingRow{Setting::Weblink, "Options", "Weblink", "1", Repair::None},
-    SettingRow{Setting::SelectedChars, "Selection", "SelectedChars", "ABCDEFGHIJKLMNOPQRSTUVWXYZ", Repair::Letters},
-    SettingRow{Setting::ExcludedChars, "Selection", "ExcludedChars", "", Repair::LettersOrNone},
-    SettingRow{Setting::ScrabbleChars, "Selection", "ScrabbleChars", "", Repair::Tiles},
-    SettingRow{Setting::MinLength, "Settings", "MinLength", "1", Repair::Length},
-    SettingRow{Setting::MaxLength, "Settings", "MaxLength", "8", Repair::Length},
-    SettingRow{Setting::ListBold, "Settings", "ListBold", "No", Repair::YesNo},
-    SettingRow{Setting::ListItalic, "Settings", "ListItalic", "No", Repair::YesNo},
-    SettingRow{Setting::ListFont, "Settings", "ListFont", "Prop", Repair::ByItsReader},
-    SettingRow{Setting::UseRegistry, "Settings", "UseRegistry", "", Repair::None},
-    SettingRow{Setting::PrinterName, "Printer", "PrinterName", "(undefined)", Repair::ByItsReader},
-    SettingRow{Setting::PrinterColumns, "Printer", "PrinterColumns", "1", Repair::ByItsReader, "3"},
-    SettingRow{Setting::FontName, "Printer", "FontName", "Arial", Repair::ByItsReader},
-    SettingRow{Setting::FontSize, "Printer", "FontSize", "12", Repair::ByItsReader},
-    SettingRow{Setting::Italic, "Printer", "Italic", "No", Repair::ByItsReader},
-    SettingRow{Setting::PaperSize, "Printer", "PaperSize", "Letter", Repair::ByItsReader},
-    SettingRow{Setting::PrinterOrientation, "Printer", "PrinterOrientation", "Portrait", Repair::ByItsReader},
-    SettingRow{Setting::SampleText, "Printer", "SampleText", "The quick brown fox jumps over the lazy dog",
-               Repair::None},
-    SettingRow{Setting::ColourMainBack, "Colours", "MainBack", "&H8000000F", Repair::Colour},
-    SettingRow{Setting::ColourMainText, "Colours", "MainText", "&H00000000", Repair::Colour},
-    SettingRow{Setting::ColourSelectionText, "Colours", "SelectionText", "&H00C00000", Repair::Colour},
-    SettingRow{Setting::ColourStatusText, "Colours", "StatusText", "&H000000FF", Repair::Colour},
-    SettingRow{Setting::ColourTimerText, "Colours", "TimerText", "&H0000FFFF", Repair::Colour},
-    SettingRow{Setting::ColourLettersText, "Colours", "LettersText", "&H00FF0000", Repair::Colour},
-    SettingRow{Setting::ColourListBack, "Colours", "ListBack", "&H00FFFFFF", Repair::Colour},
-    SettingRow{Setting::ColourListText, "Colours", "ListText", "&H00FF0000", Repair::Colour},
-    SettingRow{Setting::ColourGroupText, "Colours", "GroupText", "", Repair::None},
+    SettingRow{Setting::SaveFileName, "Locations", "SaveFileName", "outlist.txt", Repair::ByItsReader,
+               StartUpRule::SaveFile, "PRF SaveFile", OldFile::Converted},
+    SettingRow{Setting::SaveToFile, "Options", "SaveToFile", "Yes", Repair::YesNo, StartUpRule::Plain, "PRG STFInd",
+               OldFile::Both},
+    SettingRow{Setting::Literati, "Options", "Literati", "No", Repair::YesNo, StartUpRule::Plain, "PRH LitInd",
+               OldFile::Applied},
+    SettingRow{Setting::TimerInd, "Options", "TimerInd", "No", Repair::YesNo, StartUpRule::Plain, "PRI TimerInd",
+               OldFile::Both},
+    SettingRow{Setting::WriteToLogFile, "Options", "WriteToLogFile", "Yes", Repair::YesNo, StartUpRule::Plain,
+               "PRJ WTLInd", OldFile::Both},
+    SettingRow{Setting::SelectedChars, "Selection", "SelectedChars", "ABCDEFGHIJKLMNOPQRSTUVWXYZ", Repair::Letters,
+               StartUpRule::Plain, "PRK SCInd", OldFile::Both},
+    SettingRow{Setting::ExcludedChars, "Selection", "ExcludedChars", "", Repair::LettersOrNone, StartUpRule::Plain,
+               "PRL ECInd", OldFile::Both},
+    SettingRow{Setting::ScrabbleChars, "Selection", "ScrabbleChars", "", Repair::Tiles, StartUpRule::Plain,
+               "PRM ScCInd", OldFile::Both},
+    SettingRow{Setting::RandomDisclaimer, "Options", "RandomDisclaimer", "Yes", Repair::YesNo, StartUpRule::StoredIfYes,
+               "PRN RLDisc"},
+    SettingRow{Setting::MinLength, "Settings", "MinLength", "1", Repair::Length, StartUpRule::Plain, "PRO MinLen",
+               OldFile::Applied},
+    SettingRow{Setting::MaxLength, "Settings", "MaxLength", "8", Repair::Length, StartUpRule::NotBelowLast,
+               "PRP MaxLen", OldFile::Applied},
+    SettingRow{Setting::ListBold, "Settings", "ListBold", "No", Repair::YesNo, StartUpRule::Plain, "PRQ ListBold",
+               OldFile::Applied},
+    SettingRow{Setting::ListItalic, "Settings", "ListItalic", "No", Repair::YesNo, StartUpRule::Plain, "PRR ListItal",
+               OldFile::Applied},
+    SettingRow{Setting::ListFont, "Settings", "ListFont", "Prop", Repair::ByItsReader, StartUpRule::ListFont,
+               "PRS ListFont"},
+    SettingRow{Setting::PrinterName, "Printer", "PrinterName", kUndefinedPrinter, Repair::ByItsReader,
+               StartUpRule::Printer, "PRT PrNm", OldFile::Converted},
+    SettingRow{Setting::ColourMainBack, "Colours", "MainBack", "&H8000000F", Repair::Colour, StartUpRule::Plain,
+               "PRU Col1"},
+    SettingRow{Setting::ColourMainText, "Colours", "MainText", "&H00000000", Repair::Colour, StartUpRule::Plain,
+               "PRV Col2"},
+    SettingRow{Setting::ColourSelectionText, "Colours", "SelectionText", "&H00C00000", Repair::Colour,
+               StartUpRule::Plain, "PRW Col3"},
+    SettingRow{Setting::ColourStatusText, "Colours", "StatusText", "&H000000FF", Repair::Colour, StartUpRule::Plain,
+               "PRX Col4"},
+    SettingRow{Setting::ColourTimerText, "Colours", "TimerText", "&H0000FFFF", Repair::Colour, StartUpRule::Plain,
+               "PRY Col5"},
+    SettingRow{Setting::ColourLettersText, "Colours", "LettersText", "&H00FF0000", Repair::Colour, StartUpRule::Plain,
+               "PRZ Col6"},
+    SettingRow{Setting::ColourListBack, "Colours", "ListBack", "&H00FFFFFF", Repair::Colour, StartUpRule::Plain,
+               "PRAA Col7"},
+    SettingRow{Setting::ColourListText, "Colours", "ListText", "&H00FF0000", Repair::Colour, StartUpRule::Plain,
+               "PRAB Col8"},
+    SettingRow{Setting::WideScreen, "Options", "WideScreen", "No", Repair::YesNo, StartUpRule::NotRead, "",
+               OldFile::Converted},
+    SettingRow{Setting::Weblink, "Options", "Weblink", "1"},
+    SettingRow{Setting::UseRegistry, "Settings", "UseRegistry", ""},
+    SettingRow{Setting::PrinterColumns, "Printer", "PrinterColumns", "1", Repair::ByItsReader, StartUpRule::NotRead, "",
+               OldFile::Converted, "3"},
+    SettingRow{Setting::FontName, "Printer", "FontName", "Arial", Repair::ByItsReader, StartUpRule::NotRead, "",
+               OldFile::Converted},
+    SettingRow{Setting::FontSize, "Printer", "FontSize", "12", Repair::ByItsReader, StartUpRule::NotRead, "",
+               OldFile::Converted},
+    SettingRow{Setting::Italic, "Printer", "Italic", "No", Repair::ByItsReader, StartUpRule::NotRead, "",
+               OldFile::Converted},
+    SettingRow{Setting::PaperSize, "Printer", "PaperSize", "Letter", Repair::ByItsReader, StartUpRule::NotRead, "",
+               OldFile::Converted},
+    SettingRow{Setting::PrinterOrientation, "Printer", "PrinterOrientation", "Portrait", Repair::ByItsReader,
+               StartUpRule::NotRead, "", OldFile::Converted},
+    SettingRow{Setting::SampleText, "Printer", "SampleText", "The quick brown fox jumps over the lazy dog"},
+    SettingRow{Setting::ColourGroupText, "Colours", "GroupText", ""},
     SettingRow{Setting::CustomMainBack, "CustColours", "MainBack", "C0C0C0", Repair::ByItsReader},
     SettingRow{Setting::CustomMainText, "CustColours", "MainText", "000000", Repair::ByItsReader},
     SettingRow{Setting::CustomSelectionText, "CustColours", "SelectionText", "C000C0", Repair::ByItsReader},
@@ -60,10 +90,12 @@ constexpr std::array kRows = {
     SettingRow{Setting::CustomTimerText, "CustColours", "TimerText", "0080FF", Repair::ByItsReader},
     SettingRow{Setting::CustomLettersText, "CustColours", "LettersText", "FF0000", Repair::ByItsReader},
     SettingRow{Setting::CustomGroupText, "CustColours", "GroupText", "C000C0", Repair::ByItsReader},
-    SettingRow{Setting::CustomListBack, "CustColours", "ListBack", "800000", Repair::ByItsReader, "FFFFFF"},
-    SettingRow{Setting::CustomListText, "CustColours", "ListText", "00FFFF", Repair::ByItsReader, "FFFFFF"},
-    SettingRow{Setting::Version, "Startup", "Version", "", Repair::None},
-    SettingRow{Setting::Compiled, "Startup", "Compiled", "", Repair::None},
+    SettingRow{Setting::CustomListBack, "CustColours", "ListBack", "800000", Repair::ByItsReader, StartUpRule::NotRead,
+               "", OldFile::Nothing, "FFFFFF"},
+    SettingRow{Setting::CustomListText, "CustColours", "ListText", "00FFFF", Repair::ByItsReader, StartUpRule::NotRead,
+               "", OldFile::Nothing, "FFFFFF"},
+    SettingRow{Setting::Version, "Startup", "Version", ""},
+    SettingRow{Setting::Compiled, "Startup", "Compiled", ""},
 };
 static_assert(
     [] {
@@ -75,18 +107,6 @@ static_assert(
       return true;
     }(),
     "the rows stand in the order of the settings");
-
-// The letters (and tiles) of a text; without repeats where `repeats` is false.
-std::string KeepLetters(std::string_view text, bool tiles, bool repeats) {
-  std::string kept;
-  for (const char c : text) {
-    const bool allowed = IsLetter(c) || (tiles && (c == '?' || c == '-'));
-    if (allowed && (repeats || kept.find(c) == std::string::npos)) {
-      kept += c;
-    }
-  }
-  return kept;
-}
 
 // The number that a text states, rounded to the nearest whole one (ties to even).
 std::optional<int> NumberOf(std::string_view text) {
@@ -160,7 +180,7 @@ std::string Repaired(Setting setting, std::string value) {
       return KeepLetters(value, true, true);
     case Repair::Length: {
       const auto number = NumberOf(value);
-      return number ? std::to_string(std::clamp(*number, 1, kMaxLength)) : std::string(row.defaultValue);
+      return number ? std::to_string(std::clamp(*number, 1, kLongestLengthOffered)) : std::string(row.defaultValue);
     }
     case Repair::Colour:
       return ParseColour(value) ? value : std::string(row.defaultValue);

@@ -9,6 +9,7 @@
 
 namespace quorvane {
 
+// In the order in which the start-up read reads them; behind them those that are read where they are used.
 enum class Setting {
   LexiconFile,
   SaveFileName,
@@ -16,26 +17,16 @@ enum class Setting {
   Literati,
   TimerInd,
   WriteToLogFile,
-  WideScreen,
-  RandomDisclaimer,
-  Weblink,
   SelectedChars,
   ExcludedChars,
   ScrabbleChars,
+  RandomDisclaimer,
   MinLength,
   MaxLength,
   ListBold,
   ListItalic,
   ListFont,
-  UseRegistry,
   PrinterName,
-  PrinterColumns,
-  FontName,
-  FontSize,
-  Italic,
-  PaperSize,
-  PrinterOrientation,
-  SampleText,
   ColourMainBack,
   ColourMainText,
   ColourSelectionText,
@@ -44,6 +35,16 @@ enum class Setting {
   ColourLettersText,
   ColourListBack,
   ColourListText,
+  WideScreen,
+  Weblink,
+  UseRegistry,
+  PrinterColumns,
+  FontName,
+  FontSize,
+  Italic,
+  PaperSize,
+  PrinterOrientation,
+  SampleText,
   ColourGroupText,
   CustomMainBack,
   CustomMainText,
@@ -70,12 +71,35 @@ enum class Repair {
   ByItsReader,  // Where it is read, by a rule of its own.
 };
 
+// What the start-up read does with a key besides reading, repairing, storing and applying it.
+enum class StartUpRule {
+  NotRead,       // Read where it is used.
+  Plain,         // Nothing.
+  LexiconFile,   // Falls back to the default lexicon when the file is missing.
+  SaveFile,      // Completed with the program's directory; the file is made when it is missing.
+  StoredIfYes,   // Stored only when it is "Yes".
+  NotBelowLast,  // At least the value read just before it.
+  ListFont,      // "Fixed" survives one restart.
+  Printer,       // Must be one of the platform's printers.
+};
+
+// What an old initialisation file has to say of the key.
+enum class OldFile {
+  Nothing,
+  Applied,    // Applied by the read of the file; not taken over.
+  Converted,  // Taken over.
+  Both,
+};
+
 struct SettingRow {
   Setting setting;
   std::string_view section;
   std::string_view key;
   std::string_view defaultValue;
-  Repair repair;
+  Repair repair = Repair::None;
+  StartUpRule rule = StartUpRule::NotRead;
+  std::string_view step = "";  // The label of its step of the start-up read, for an error report.
+  OldFile oldFile = OldFile::Nothing;
   // A second default, where another place that reads the key has one of its own; else empty.
   std::string_view otherDefault = "";
 };
@@ -93,6 +117,7 @@ inline void SaveYesNo(SettingsStore& store, Setting setting, bool yes) {
 }
 
 inline constexpr std::string_view kNotFound = "NotFound";
+inline constexpr std::string_view kUndefinedPrinter = "(undefined)";
 inline bool IsYes(std::string_view value) {
   return value == "Yes";
 }

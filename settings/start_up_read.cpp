@@ -1,11 +1,11 @@
 #include "settings/start_up_read.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <filesystem>
 
 #include "base/file.h"
+#include "base/program_directory.h"
 #include "base/text.h"
 #include "settings/printer_errors.h"
 
@@ -14,41 +14,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kDefaultLexicon = "words.lex";
 constexpr const char* kOldDefaultLexicon = "WORDS.TXT";
 constexpr const char* kOldList = "words.txt";
 constexpr const char* kRetiredList = "words_old.lex";
+constexpr std::string_view kRetireStep = "PRD RenameFile";
 constexpr const char* kResetSaveName = "out.txt";
 constexpr std::string_view kDummyLine = "Dummy file - this will be replaced by your selection.";
 constexpr std::string_view kOldDummyLine = "Dummy file - will be replaced by your selection.";
-constexpr std::string_view kUndefinedPrinter = "(undefined)";
 
-// The steps whose rule is that of the settings table, between the save file and the list font. Their labels name them
-// in an error report; none of them can fail.
-constexpr std::array kPlainSteps = {
-    Setting::SaveToFile,    Setting::Literati,      Setting::TimerInd,      Setting::WriteToLogFile,
-    Setting::SelectedChars, Setting::ExcludedChars, Setting::ScrabbleChars,
-};
+bool IsApplied(OldFile oldFile) {
+  return oldFile == OldFile::Applied || oldFile == OldFile::Both;
+}
 
-constexpr std::array kColourSteps = {
-    Setting::ColourMainBack,  Setting::ColourMainText,    Setting::ColourSelectionText, Setting::ColourStatusText,
-    Setting::ColourTimerText, Setting::ColourLettersText, Setting::ColourListBack,      Setting::ColourListText,
-};
-
-// What the conversion takes over as it stands.
-constexpr std::array kConverted = {
-    Setting::SaveFileName,       Setting::SelectedChars, Setting::ExcludedChars, Setting::ScrabbleChars,
-    Setting::SaveToFile,         Setting::TimerInd,      Setting::WideScreen,    Setting::WriteToLogFile,
-    Setting::PrinterColumns,     Setting::FontSize,      Setting::Italic,        Setting::PaperSize,
-    Setting::PrinterOrientation, Setting::FontName,      Setting::PrinterName,
-};
-
-// What the read of an old file looks up and applies by the rules of the table, besides lexicon, save file and printer.
-constexpr std::array kOldSteps = {
-    Setting::SaveToFile,    Setting::Literati,      Setting::TimerInd,      Setting::WriteToLogFile,
-    Setting::SelectedChars, Setting::ExcludedChars, Setting::ScrabbleChars, Setting::MinLength,
-    Setting::MaxLength,     Setting::ListBold,      Setting::ListItalic,
-};
+bool IsConverted(OldFile oldFile) {
+  return oldFile == OldFile::Converted || oldFile == OldFile::Both;
+}
 
 std::optional<RunTimeError> CreateDummy(const std::string& path, std::string_view line) {
   const auto error = ReplaceFile(path, [line](FileWriter& out) {
@@ -83,79 +63,96 @@ LexiconChoice StartUpRead::Run() {
   if (FindIgnoringCase(directory_, kOldIniFileName)) {
     ReadOldFile();
   }
-  LexiconChoice lexicon = ReadStore();
+  ReadStore();
   store_.EndBatch();
-  return lexicon;
+  return lexicon_;
 }
 
-std::string StartUpRead::ApplyRepaired(Setting setting) {
-  std::string value = Repaired(setting, GetSetting(store_, setting));
-  SaveSetting(store_, setting, value);
-  site_.Apply(setting, value);
-  return value;
+void StartUpRead::ReadStore() {
+  for (const SettingRow& row : SettingRows()) {
+    Read(row);
+  }
 }
 
-LexiconChoice StartUpRead::ReadStore() {
-  // PRB and PRC: the lexicon. The value stays in the store as it is given; the path is the program's own affair.
-  LexiconChoice lexicon;
-  lexicon.setting = Repaired(Setting::LexiconFile, GetSetting(store_, Setting::LexiconFile));
-  SaveSetting(store_, Setting::LexiconFile, lexicon.setting);
-  lexicon.path = ResolvePath(directory_, lexicon.setting);
-  if (lexicon.setting.empty() || !FileExists(lexicon.path)) {
+void StartUpRead::Store(const SettingRow& row, const std::string& value) {
+  SaveSetting(store_, row.setting, value);
+}
+
+void StartUpRead::Apply(const SettingRow& row, const std::string& value) {
+  last_ = value;
+  if (!site_.Apply(row.setting, value)) {
+    Report(MakeRunTimeError(kErrorInvalidProcedureCall), row.step);
+  }
+}
+
+void StartUpRead::Read(const SettingRow& row) {
+  std::string value = Repaired(row.setting, GetSetting(store_, row.setting));
+  switch (row.rule) {
+    case StartUpRule::NotRead:
+      return;
+    case StartUpRule::LexiconFile:
+      ReadLexicon();
+      return;
+    case StartUpRule::SaveFile:
+      ReadSaveFile();
+      return;
+    case StartUpRule::Printer:
+      ReadPrinter();
+      return;
+    case StartUpRule::ListFont: {
+      const bool fixed = value == "Fixed";
+      Store(row, fixed ? "" : "Prop");
+      Apply(row, fixed ? value : "Prop");
+      return;
+    }
+    case StartUpRule::StoredIfYes:
+      if (IsYes(value)) {
+        Store(row, value);
+      }
+      break;
+    case StartUpRule::NotBelowLast:
+      value = AtLeast(value, last_);
+      [[fallthrough]];
+    case StartUpRule::Plain:
+      Store(row, value);
+  }
+  Apply(row, value);
+}
+
+// The value stays in the store as it is given; the path is the program's own affair.
+void StartUpRead::ReadLexicon() {
+  const SettingRow& row = RowOf(Setting::LexiconFile);
+  lexicon_.setting = Repaired(row.setting, GetSetting(store_, row.setting));
+  Store(row, lexicon_.setting);
+  lexicon_.path = ResolvePath(directory_, lexicon_.setting);
+  if (lexicon_.setting.empty() || !FileExists(lexicon_.path)) {
     site_.ShowBox("",
-                  "Lexicon file specified \r\n\r\n" + lexicon.path +
+                  "Lexicon file specified \r\n\r\n" + lexicon_.path +
                       "\r\n\r\ncould not be found.  Defaulting to use 'words.lex'.",
                   true);
-    log_.Write(event::kLexiconError, "Lexicon file " + lexicon.path + " could not be found; defaulting to 'words.lex'");
-    lexicon = {kDefaultLexicon, JoinPath(directory_, kDefaultLexicon)};
-    SaveSetting(store_, Setting::LexiconFile, lexicon.setting);
+    log_.Write(event::kLexiconError,
+               "Lexicon file " + lexicon_.path + " could not be found; defaulting to 'words.lex'");
+    lexicon_ = {kDefaultLexiconName, JoinPath(directory_, kDefaultLexiconName)};
+    Store(row, lexicon_.setting);
   }
-  site_.Apply(Setting::LexiconFile, lexicon.setting);
-  RetireOldList("PRD RenameFile");
-
-  // PRE and PRF: the save file.
-  const std::string saveFile = SaveFilePath(store_, directory_);
-  SaveSetting(store_, Setting::SaveFileName, saveFile);
-  CheckSaveFile(saveFile, kDummyLine, false);
-
-  for (const Setting setting : kPlainSteps) {
-    ApplyRepaired(setting);
-  }
-  // PRN: only a "Yes" is written back.
-  const std::string disclaimer = Repaired(Setting::RandomDisclaimer, GetSetting(store_, Setting::RandomDisclaimer));
-  if (IsYes(disclaimer)) {
-    SaveSetting(store_, Setting::RandomDisclaimer, disclaimer);
-  }
-  site_.Apply(Setting::RandomDisclaimer, disclaimer);
-
-  const std::string minLength = ApplyRepaired(Setting::MinLength);
-  const std::string maxLength =
-      AtLeast(Repaired(Setting::MaxLength, GetSetting(store_, Setting::MaxLength)), minLength);
-  SaveSetting(store_, Setting::MaxLength, maxLength);
-  site_.Apply(Setting::MaxLength, maxLength);
-  ApplyRepaired(Setting::ListBold);
-  ApplyRepaired(Setting::ListItalic);
-
-  // PRS: a fixed-pitch list survives one restart.
-  const bool fixed = GetSetting(store_, Setting::ListFont) == "Fixed";
-  SaveSetting(store_, Setting::ListFont, fixed ? "" : "Prop");
-  site_.Apply(Setting::ListFont, fixed ? "Fixed" : "Prop");
-
-  ReadPrinter();
-  for (const Setting setting : kColourSteps) {
-    ApplyRepaired(setting);
-  }
-  return lexicon;
+  Apply(row, lexicon_.setting);
+  RetireOldList();
 }
 
-void StartUpRead::RetireOldList(const std::string& label) {
+void StartUpRead::ReadSaveFile() {
+  const std::string saveFile = SaveFilePath(store_, directory_);
+  Store(RowOf(Setting::SaveFileName), saveFile);
+  CheckSaveFile(saveFile, kDummyLine, false);
+}
+
+void StartUpRead::RetireOldList() {
   const std::string old = JoinPath(directory_, kOldList);
   const std::string retired = JoinPath(directory_, kRetiredList);
   if (!FileExists(old)) {
     return;
   }
   if (std::rename(old.c_str(), retired.c_str()) != 0) {
-    Report(RunTimeErrorOfErrno(errno), label);
+    Report(RunTimeErrorOfErrno(errno), kRetireStep);
     return;
   }
   log_.Write(event::kListRetired, "Old lexicon file 'words.txt' was renamed to 'words_old.lex'");
@@ -175,30 +172,31 @@ void StartUpRead::CheckSaveFile(const std::string& name, std::string_view dummyL
     }
   }
   if (!problem) {
-    site_.Apply(Setting::SaveFileName, name);
+    Apply(RowOf(Setting::SaveFileName), name);
     return;
   }
   if (!old) {
     SaveSetting(store_, Setting::SaveFileName, kResetSaveName);
   }
-  site_.Apply(Setting::SaveFileName, kResetSaveName);
-  log_.Write(event::kError, "RS/" + std::to_string(problem->number) + ": " + problem->description +
-                                " at Pos PRF SaveFile corrected; SaveFileName reset");
+  Apply(RowOf(Setting::SaveFileName), kResetSaveName);
+  log_.Write(event::kError, "RS/" + std::to_string(problem->number) + ": " + problem->description + " at Pos " +
+                                std::string(RowOf(Setting::SaveFileName).step) + " corrected; SaveFileName reset");
 }
 
 // A printer that has gone away is no longer the chosen one.
 void StartUpRead::ReadPrinter() {
-  const std::string stored = GetSetting(store_, Setting::PrinterName);
+  const SettingRow& row = RowOf(Setting::PrinterName);
+  const std::string stored = GetSetting(store_, row.setting);
   // Listing the printers takes its time; where none was chosen there is none to look for.
   const bool chosen = stored != kUndefinedPrinter && stored != kNotFound && !stored.empty();
   const StartUpSite::Printers printers = chosen ? site_.ListPrinters() : StartUpSite::Printers{};
   if (printers.error) {
-    Report(MakeRunTimeError(*printers.error), "PRT PrNm");
+    Report(MakeRunTimeError(*printers.error), row.step);
   }
   const bool there = std::find(printers.names.begin(), printers.names.end(), stored) != printers.names.end();
   const std::string current = there ? stored : std::string(kUndefinedPrinter);
-  SaveSetting(store_, Setting::PrinterName, current);
-  site_.Apply(Setting::PrinterName, current);
+  Store(row, current);
+  Apply(row, current);
 }
 
 void StartUpRead::ReadOldFile() {
@@ -222,7 +220,7 @@ void StartUpRead::ReadOldFile() {
     site_.ShowBox("", "Lexicon file specified in INI File " + path + "could not be found.", true);
     log_.Write(event::kLexiconError, "Lexicon file " + path + " could not be found");
   }
-  RetireOldList("PRD RenameFile");
+  RetireOldList();
   std::string saveFile = PathOfOldValue(old.LookUp(RowOf(Setting::SaveFileName).key));
   if (saveFile == kNotFound || saveFile.empty()) {
     saveFile = RowOf(Setting::SaveFileName).defaultValue;
@@ -232,16 +230,20 @@ void StartUpRead::ReadOldFile() {
   }
   old.Store(RowOf(Setting::SaveFileName).key, saveFile);
   CheckSaveFile(saveFile, kOldDummyLine, true);
-  for (const Setting setting : kOldSteps) {
-    site_.Apply(setting, Repaired(setting, old.LookUp(RowOf(setting).key)));
+  for (const SettingRow& row : SettingRows()) {
+    if (IsApplied(row.oldFile)) {
+      Apply(row, Repaired(row.setting, old.LookUp(row.key)));
+    }
   }
   Convert(old);
 }
 
 void StartUpRead::Convert(const OldIniFile& old) {
-  SaveSetting(store_, Setting::LexiconFile, kDefaultLexicon);
-  for (const Setting setting : kConverted) {
-    SaveSetting(store_, setting, old.LookUp(RowOf(setting).key));
+  SaveSetting(store_, Setting::LexiconFile, kDefaultLexiconName);
+  for (const SettingRow& row : SettingRows()) {
+    if (IsConverted(row.oldFile)) {
+      Store(row, old.LookUp(row.key));
+    }
   }
   SaveSetting(store_, Setting::UseRegistry, "Yes");
   log_.Write(event::kIniConverted, "INI conversion");

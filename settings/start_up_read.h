@@ -22,7 +22,8 @@ class StartUpSite {
   };
 
   virtual ~StartUpSite() = default;
-  virtual void Apply(Setting setting, const std::string& value) = 0;
+  // False when nothing takes the value.
+  virtual bool Apply(Setting setting, const std::string& value) = 0;
   virtual void ShowBox(const std::string& title, const std::string& text, bool critical) = 0;
   virtual Printers ListPrinters() = 0;
 };
@@ -41,13 +42,18 @@ class StartUpRead {
   LexiconChoice Run();
 
  private:
-  LexiconChoice ReadStore();
+  void ReadStore();
+  // One step of the read, by its row.
+  void Read(const SettingRow& row);
+  void ReadLexicon();
+  void ReadSaveFile();
+  void ReadPrinter();
+  void Store(const SettingRow& row, const std::string& value);
+  void Apply(const SettingRow& row, const std::string& value);
   void ReadOldFile();
   void Convert(const OldIniFile& old);
-  void RetireOldList(const std::string& label);
+  void RetireOldList();
   void CheckSaveFile(const std::string& name, std::string_view dummyLine, bool old);
-  void ReadPrinter();
-  std::string ApplyRepaired(Setting setting);
   void Report(const RunTimeError& error, std::string_view label);
   void ReportErrors(const std::string& text);
 
@@ -55,6 +61,8 @@ class StartUpRead {
   SettingsStore& store_;
   EventLog& log_;
   StartUpSite& site_;
+  LexiconChoice lexicon_;
+  std::string last_;  // The value read last.
 };
 
 }  // namespace quorvane

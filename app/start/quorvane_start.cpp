@@ -16,7 +16,6 @@
 #include "app/main_window.h"
 #include "app/start/shut_down.h"
 #include "app/start/single_instance.h"
-#include "app/start/start_up.h"
 #include "base/program_directory.h"
 #include "base/version.h"
 #include "base/window/qt_text.h"
@@ -121,7 +120,7 @@ int Main(const QString& dataDir) {
   QObject::connect(qApp, &QApplication::commitDataRequest, &window, [&window] { window.close(); });
   CloseOnSignals(window);
   window.show();
-  if (!StartUp(window, services).Run() || ended) {
+  if (!window.Start() || ended) {
     return status;
   }
   window.ResizeToContents();

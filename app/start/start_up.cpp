@@ -1,69 +1,52 @@
 #include "app/start/start_up.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QFontDatabase>
-#include <QPushButton>
+#include <algorithm>
 
-#include "app/colour_scheme.h"
 #include "base/text.h"
 #include "base/version.h"
 #include "base/window/qt_text.h"
 #include "lexicon/window/frm_wait.h"
-#include "lookup/window/lookup_panel.h"
 #include "print/window/printing.h"
-#include "results/window/appearance_panel.h"
-#include "results/window/result_options_panel.h"
-#include "results/window/sort_panel.h"
 #include "search/window/frm_change_list.h"
-#include "search/window/length_panel.h"
-#include "search/window/lists_panel.h"
-#include "search/window/pattern_panel.h"
 
 namespace quorvane {
-namespace {
 
-constexpr int kListRegionTwips = 3540;
-constexpr int kLiteratiListRegionTwips = 8900;
-constexpr const char* kReadyText = "Please enter a word selection.";
-
-}  // namespace
-
-StartUp::StartUp(MainWindow& window, Services& services) : window_(window), services_(services) {}
+StartUp::StartUp(StartUpView& view, Session& session, Services& services, FileController& files,
+                 OptionController& options)
+    : view_(view), session_(session), services_(services), files_(files), options_(options) {}
 
 bool StartUp::Run() {
   BeginWindow();
   {
     const Hourglass hourglass;
-    FrmWait wait(&window_);
+    FrmWait wait(view_.Window());
     wait.ShowNow();
     OpenLog();
     // A question on the way may have been answered by the end of the program.
-    if (window_.session.ended || !ReadSettingsAndLexicon() || window_.session.ended) {
+    if (session_.ended || !ReadSettingsAndLexicon() || session_.ended) {
       return false;
     }
   }
-  Session& session = window_.session;
-  if (session.abortFlag) {
-    window_.close();
+  if (session_.abortFlag) {
+    view_.Leave();
     return false;
   }
   LogStart();
-  FillFontTable();
+  CountFonts();
   RestoreInput();
-  window_.ShowStatus(kReadyText, true);
+  view_.ShowStatus(std::string(FactsOf(WordType::WordList).prompt), true);
   return true;
 }
 
 void StartUp::BeginWindow() {
-  window_.session.stopFlag = false;
-  window_.session.colours.fill("&H00000000");
-  window_.ShowTimer("");
-  window_.results->ClearPosition();
-  window_.sort->Select(SortOrder::Alphabetic);
-  window_.lookup->Button()->setEnabled(false);
-  window_.setWindowTitle(window_.Title());
-  window_.EndProgress();
+  session_.stopFlag = false;
+  view_.ShowTimer("");
+  view_.ClearPosition();
+  view_.SelectOrder(SortOrder::Alphabetic);
+  view_.UpdateCommands();
+  view_.ShowCaption("");
+  view_.EndProgress();
 }
 
 void StartUp::OpenLog() {
@@ -73,113 +56,95 @@ void StartUp::OpenLog() {
   services_.settings.EndBatch();
   services_.log.Open();
   services_.log.SetIndicator(IsYes(GetSetting(services_.settings, Setting::WriteToLogFile)));
-  window_.SetWide(IsYes(GetSetting(services_.settings, Setting::WideScreen)));
+  options_.Apply(Option::WideScreen, IsYes(GetSetting(services_.settings, Setting::WideScreen)));
   services_.log.Write(event::kStart, "Application started (v" + VersionText() + ", compiled " + BuildDate() + ")");
 }
 
 bool StartUp::ReadSettingsAndLexicon() {
   const LexiconChoice lexicon = StartUpRead(services_.programDirectory, services_.settings, services_.log, *this).Run();
-  window_.session.lexiconSetting = lexicon.setting;
-  return window_.Command().LoadLexiconFile(lexicon.path);
+  lexiconSetting_ = lexicon.setting;
+  return files_.LoadLexiconFile(lexicon.path);
 }
 
 void StartUp::LogStart() {
-  Session& session = window_.session;
-  session.lexiconIsDefault = session.lexiconSetting == kDefaultLexiconName;
-  const int32_t count = session.lexicon->count();
+  const int32_t count = session_.lexicon->count();
   services_.log.Write(event::kWordCount, std::to_string(count) + " word" + std::string(PluralS(count)) +
-                                             " defined in lexicon file '" + session.lexiconSetting + "'");
-  window_.lookup->ShowResource("1");
-  window_.lookup->ShowResource(GetSetting(services_.settings, Setting::Weblink));
-  session.lists = StoredLists(services_.settings);
-  services_.log.Write(event::kSelections, "Inc #" + session.lists.include + "   Exc !" + session.lists.exclude +
-                                              "   Scr =" + session.lists.scrabble);
+                                             " defined in lexicon file '" + lexiconSetting_ + "'");
+  view_.ShowResource("1");
+  view_.ShowResource(GetSetting(services_.settings, Setting::Weblink));
+  const CharacterLists lists = StoredLists(services_.settings);
+  services_.log.Write(event::kSelections,
+                      "Inc #" + lists.include + "   Exc !" + lists.exclude + "   Scr =" + lists.scrabble);
 }
 
-void StartUp::FillFontTable() {
-  for (const QString& family : QFontDatabase::families()) {
-    if (window_.session.fontTable.size() == kMaxFontTable) {
-      break;
-    }
-    window_.session.fontTable.push_back(ToText(family));
-  }
+void StartUp::CountFonts() {
+  session_.fontCount = std::min(static_cast<size_t>(QFontDatabase::families().size()), kMaxFonts);
 }
 
 void StartUp::RestoreInput() {
-  window_.session.input = InputState();
-  window_.ShowInput();
+  session_.input = InputState();
+  view_.ShowInput();
+  const CharacterLists lists = StoredLists(services_.settings);
   for (const ListKind kind : kListKinds) {
-    window_.ShowListCaption(kind, true);
-    window_.lists->ShowList(kind, window_.session.lists.Of(kind));
+    view_.ShowListCaption(kind, ListMenuCaption(kind, lists.Of(kind), true));
+    view_.ShowList(kind, lists.Of(kind));
   }
-  window_.lengths->SelectAnyLength();
-  window_.pattern->FocusPattern();
+  view_.SelectAnyLength();
+  view_.FocusPattern();
 }
 
-void StartUp::Apply(Setting setting, const std::string& value) {
-  const bool yes = IsYes(value);
+bool StartUp::Apply(Setting setting, const std::string& value) {
+  if (const OptionRow* option = OptionOf(setting)) {
+    options_.Apply(option->option, IsYes(value));
+    return true;
+  }
   switch (setting) {
     case Setting::LexiconFile:
-      window_.lists->ShowLexicon(value);
-      break;
-    case Setting::SaveToFile:
-      window_.resultOptions->SetAutoSave(yes);
-      break;
-    case Setting::Literati:
-      window_.results->SetRegionHeight(PixelsOfTwips(yes ? kLiteratiListRegionTwips : kListRegionTwips));
-      break;
-    case Setting::TimerInd:
-      window_.Item("menTimer")->setChecked(yes);
-      break;
-    case Setting::WriteToLogFile:
-      services_.log.SetIndicator(yes);
-      window_.Item("menWriteToLog")->setChecked(yes);
-      break;
+      view_.ShowLexicon(value);
+      return true;
+    case Setting::SaveFileName:      // Asked for at each save.
+    case Setting::RandomDisclaimer:  // Asked for at each search for random words.
+      return true;
     case Setting::SelectedChars:
-      window_.lists->ShowList(ListKind::Include, value);
-      break;
+      view_.ShowList(ListKind::Include, value);
+      return true;
     case Setting::ExcludedChars:
-      window_.lists->ShowList(ListKind::Exclude, value);
-      break;
+      view_.ShowList(ListKind::Exclude, value);
+      return true;
     case Setting::ScrabbleChars:
-      window_.lists->ShowList(ListKind::Scrabble, value);
-      break;
+      view_.ShowList(ListKind::Scrabble, value);
+      return true;
     case Setting::MinLength:
-      ParseInteger(value, minLength_);
-      break;
+      return ParseInteger(value, minLength_);
     case Setting::MaxLength: {
       int maxLength = minLength_;
-      ParseInteger(value, maxLength);
-      window_.lengths->SetRange(minLength_, maxLength);
-      break;
+      const bool isNumber = ParseInteger(value, maxLength);
+      view_.SetLengths(minLength_, maxLength);
+      return isNumber;
     }
-    case Setting::ListBold:
-      window_.appearance->SetBold(yes);
-      break;
-    case Setting::ListItalic:
-      window_.appearance->SetItalic(yes);
-      break;
     case Setting::ListFont:
-      window_.appearance->SetFixedWidth(value == "Fixed");
-      break;
+      view_.SetFixedWidth(value == "Fixed");
+      return true;
     case Setting::PrinterName:
-      window_.session.printerName = value;
-      break;
+      session_.printerName = value;
+      return true;
     default:
-      ApplyColourSetting(setting, value);
+      return ApplyColour(setting, value);
   }
 }
 
-void StartUp::ApplyColourSetting(Setting setting, const std::string& value) {
+bool StartUp::ApplyColour(Setting setting, const std::string& value) {
   for (const ColourElementRow& row : ColourElements()) {
     if (row.colour == setting) {
-      ApplyColour(window_, row.element, value);
+      view_.Colours().Apply(row.element, value);
+      return true;
     }
   }
+  return false;
 }
 
 void StartUp::ShowBox(const std::string& title, const std::string& text, bool critical) {
-  services_.door.Show(&window_, text, critical, FromText(title));
+  services_.door.Show(view_.Window(), text, critical, FromText(title));
 }
 
 StartUpSite::Printers StartUp::ListPrinters() {

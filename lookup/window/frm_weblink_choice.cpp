@@ -7,7 +7,7 @@
 
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
-#include "lookup/addresses.h"
+#include "lookup/resources.h"
 #include "settings/settings_table.h"
 
 namespace quorvane {
@@ -20,10 +20,10 @@ FrmWeblinkChoice::FrmWeblinkChoice(SettingsStore& settings, EventLog& log, QWidg
   auto* resources = new QGroupBox("Online resources", this);
   auto* column = new QVBoxLayout(resources);
   const std::string chosen = GetSetting(settings, Setting::Weblink);
-  for (size_t i = 1; i <= kLookupResources; ++i) {
-    const std::string number = std::to_string(i);
-    auto* option = Named(new QRadioButton(FromText(FindLookupResource(number)->optionCaption), resources),
-                         "rbWeblink" + FromText(number));
+  size_t next = 0;
+  for (const LookupResource& resource : LookupResources()) {
+    const std::string number = std::to_string(++next);
+    auto* option = Named(new QRadioButton(FromText(resource.optionCaption), resources), "rbWeblink" + FromText(number));
     option->setChecked(number == chosen);
     column->addWidget(option);
     connect(option, &QRadioButton::clicked, this,

@@ -7,7 +7,8 @@
 
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
-#include "lookup/addresses.h"
+#include "lookup/resources.h"
+#include "settings/window/colour_scheme.h"
 
 namespace quorvane {
 
@@ -19,6 +20,7 @@ LookupPanel::LookupPanel(QWidget* parent) : QWidget(parent) {
   cmdWebLink_ = Named(new QPushButton("&Definition (F5)", this), "cmdWebLink",
                       "Click to find out the definition (or thesaurus entry) for the current highlighted word");
   lblWebLink_ = new ClickLabel("lblWebLink", "", "Click here to change the definition online resource!", this);
+  ShowsColour(lblWebLink_, ColourElement::MainText);
   lblWebLink_->setAlignment(Qt::AlignHCenter);
   layout->addWidget(cmdWebLink_);
   layout->addWidget(lblWebLink_);
@@ -32,8 +34,8 @@ void LookupPanel::ShowResource(const std::string& setting) {
   }
 }
 
-QList<QWidget*> LookupPanel::MainTextControls() const {
-  return {lblWebLink_};
+void LookupPanel::AllowLookup(bool allowed) {
+  cmdWebLink_->setEnabled(allowed);
 }
 
 bool OpenLookup(const std::string& setting, const std::string& word) {

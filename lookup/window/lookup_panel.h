@@ -18,8 +18,7 @@ class LookupPanel : public QWidget {
 
   // The resource that the stored value chooses; a value that chooses none leaves the label as it is.
   void ShowResource(const std::string& setting);
-  QPushButton* Button() const { return cmdWebLink_; }
-  QList<QWidget*> MainTextControls() const;
+  void AllowLookup(bool allowed);
 
  signals:
   void LookupRequested();

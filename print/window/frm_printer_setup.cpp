@@ -74,7 +74,7 @@ FrmPrinterSetup::FrmPrinterSetup(SettingsStore& settings, EventLog& log, Door& d
   FillLists();
   ShowSettings();
   CheckChoices();
-  if (currentPrinter_ != kNoPrinter && !LayoutOfPrinter(currentPrinter_)) {
+  if (currentPrinter_ != kUndefinedPrinter && !LayoutOfPrinter(currentPrinter_)) {
     reportErrors_(PrinterErrorText("PFL", kPrinterFailed));
   }
   ShowSample();
@@ -198,7 +198,7 @@ PrintSettings FrmPrinterSetup::Shown() const {
 }
 
 void FrmPrinterSetup::ShowEstimate() {
-  if (currentPrinter_ == kNoPrinter) {
+  if (currentPrinter_ == kUndefinedPrinter) {
     return;
   }
   const PrintSettings shown = Shown();
@@ -226,7 +226,7 @@ void FrmPrinterSetup::ShowSample() {
 
 void FrmPrinterSetup::PaperChosen() {
   SaveSetting(settings_, Setting::PaperSize, ToText(cbPaperSize_->currentText()));
-  if (currentPrinter_ != kNoPrinter && currentPrinter_ != kPdfPrinter) {
+  if (currentPrinter_ != kUndefinedPrinter && currentPrinter_ != kPdfPrinter) {
     const auto printer = OpenPrinter(currentPrinter_);
     if (printer == nullptr || !printer->setPageLayout(PageLayoutOf(Shown(), printer->pageLayout()))) {
       reportErrors_(PrinterErrorText("PS", kPrinterFailed));

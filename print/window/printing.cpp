@@ -179,7 +179,8 @@ PageLayoutInput Printing::MakeInput(const PrintJob& job, const PrintSettings& se
   input.columns = settings.columns;
   input.font = {settings.fontName, settings.fontSize, settings.italic, false};
   input.estimate = estimate;
-  input.header = job.header;
+  input.found = job.found;
+  input.search = job.search;
   input.now = clock_();
   input.measure = Ruler();
   return input;
@@ -225,9 +226,9 @@ void Printing::Print(const PrintJob& job, const PrintSite& site) {
   if (!printed) {
     return;
   }
-  const auto found = static_cast<int64_t>(job.header.count);
+  const auto found = static_cast<int64_t>(job.found);
   site.showStatus("The print contained " + PagesText(estimate) + "   " + std::to_string(found) + " word" +
-                  std::string(PluralS(found)) + " were printed matching '" + job.header.typed + "'.");
+                  std::string(PluralS(found)) + " were printed matching '" + job.search.text + "'.");
   log_.Write(event::kPrint, "Word list was printed - " + std::to_string(estimate.pages) + " page(s)");
 }
 

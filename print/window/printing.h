@@ -19,7 +19,6 @@ namespace quorvane {
 
 // Stands last in the list of printers: asks for a file when printing.
 inline constexpr const char* kPdfPrinter = "PDF file";
-inline constexpr const char* kNoPrinter = "(undefined)";
 
 // The desktop's printers and "PDF file".
 QStringList PrinterNames();
@@ -37,7 +36,8 @@ struct PrintJob {
   std::string printerName;
   size_t entryCount = 0;
   std::function<std::string(size_t)> entry;
-  ResultsFileHeader header;
+  size_t found = 0;  // Words, of the search below.
+  Search search;
 };
 
 // What printing needs of the window around it.

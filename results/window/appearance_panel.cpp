@@ -6,6 +6,7 @@
 
 #include "base/window/labels.h"
 #include "settings/settings_table.h"
+#include "settings/window/colour_scheme.h"
 #include "settings/window/colour_swatch.h"
 
 namespace quorvane {
@@ -23,30 +24,35 @@ AppearancePanel::AppearancePanel(SettingsStore& settings, QWidget* parent)
     : QGroupBox("Results box", parent), settings_(settings) {
   setObjectName("frListProp");
   cmdFontToggle_ = Named(new QPushButton("Fo&nt", this), "cmdFontToggle", "Switch font type");
-  cmdV_ = Named(new QPushButton("Bold", this), "cmdV", "Emboldens list text");
-  cmdW_ = Named(new QPushButton("Italic", this), "cmdW", "Italicises list text");
-  textColour_ = Named(new ColourSwatch(this), "picColour_0", "Changes text colour of list");
-  backColour_ = Named(new ColourSwatch(this), "picColour_1", "Changes background colour of list");
-  textColour_->setAccessibleName("Text colour of list");
-  backColour_->setAccessibleName("Background colour of list");
-  lblTextCol_ = MakeLabel("lblTextCol", "text colour", {}, this);
-  lblBack_ = MakeLabel("lblBack", "back colour", {}, this);
+  auto* bold = Named(new QPushButton("Bold", this), "cmdV", "Emboldens list text");
+  auto* italic = Named(new QPushButton("Italic", this), "cmdW", "Italicises list text");
+  auto* textColour = Named(new ColourSwatch(this), "picColour_0", "Changes text colour of list");
+  auto* backColour = Named(new ColourSwatch(this), "picColour_1", "Changes background colour of list");
+  textColour->setAccessibleName("Text colour of list");
+  backColour->setAccessibleName("Background colour of list");
+  auto* textCaption = MakeLabel("lblTextCol", "text colour", {}, this);
+  auto* backCaption = MakeLabel("lblBack", "back colour", {}, this);
+  ShowsColour(textColour, ColourElement::ResultsText, ColourUse::Swatch);
+  ShowsColour(backColour, ColourElement::ResultsBack, ColourUse::Swatch);
+  ShowsColour(textCaption, ColourElement::MainText);
+  ShowsColour(backCaption, ColourElement::MainText);
+  ShowsColour(this, ColourElement::GroupText, ColourUse::Title);
   auto* layout = new QGridLayout(this);
   layout->setVerticalSpacing(4);
   layout->setContentsMargins(11, 5, 11, 7);
   layout->addWidget(cmdFontToggle_, 0, 0, 1, 2);
-  layout->addWidget(cmdV_, 1, 0);
-  layout->addWidget(cmdW_, 1, 1);
-  layout->addWidget(textColour_, 2, 0, Qt::AlignRight);
-  layout->addWidget(lblTextCol_, 2, 1);
-  layout->addWidget(backColour_, 3, 0, Qt::AlignRight);
-  layout->addWidget(lblBack_, 3, 1);
+  layout->addWidget(bold, 1, 0);
+  layout->addWidget(italic, 1, 1);
+  layout->addWidget(textColour, 2, 0, Qt::AlignRight);
+  layout->addWidget(textCaption, 2, 1);
+  layout->addWidget(backColour, 3, 0, Qt::AlignRight);
+  layout->addWidget(backCaption, 3, 1);
   SetFixedWidth(false);
   connect(cmdFontToggle_, &QPushButton::clicked, this, &AppearancePanel::ToggleFont);
-  connect(cmdV_, &QPushButton::clicked, this, &AppearancePanel::ToggleBold);
-  connect(cmdW_, &QPushButton::clicked, this, &AppearancePanel::ToggleItalic);
-  connect(textColour_, &QAbstractButton::clicked, this, &AppearancePanel::TextColourClicked);
-  connect(backColour_, &QAbstractButton::clicked, this, &AppearancePanel::BackColourClicked);
+  connect(bold, &QPushButton::clicked, this, &AppearancePanel::BoldClicked);
+  connect(italic, &QPushButton::clicked, this, &AppearancePanel::ItalicClicked);
+  connect(textColour, &QAbstractButton::clicked, this, &AppearancePanel::TextColourClicked);
+  connect(backColour, &QAbstractButton::clicked, this, &AppearancePanel::BackColourClicked);
 }
 
 void AppearancePanel::SetFixedWidth(bool fixed) {
@@ -71,16 +77,6 @@ void AppearancePanel::ToggleFont() {
   emit Status(fixed_ ? "Fixed-width font specified" : "Proportional font specified");
 }
 
-void AppearancePanel::ToggleBold() {
-  SetBold(!bold_);
-  SaveYesNo(settings_, Setting::ListBold, bold_);
-}
-
-void AppearancePanel::ToggleItalic() {
-  SetItalic(!italic_);
-  SaveYesNo(settings_, Setting::ListItalic, italic_);
-}
-
 QFont AppearancePanel::ListFont() const {
   QFont font = this->font();
   font.setFamilies({fixed_ ? kFixedFamily : kProportionalFamily});
@@ -89,15 +85,6 @@ QFont AppearancePanel::ListFont() const {
   font.setBold(bold_);
   font.setItalic(italic_);
   return font;
-}
-
-void AppearancePanel::ShowColours(const QColor& text, const QColor& back) {
-  textColour_->SetColour(text);
-  backColour_->SetColour(back);
-}
-
-QList<QWidget*> AppearancePanel::MainTextControls() const {
-  return {lblTextCol_, lblBack_};
 }
 
 }  // namespace quorvane

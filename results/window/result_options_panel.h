@@ -15,10 +15,8 @@ class ResultOptionsPanel : public QWidget {
   explicit ResultOptionsPanel(QWidget* parent);
 
   bool UpperCase() const;
-  bool AutoSave() const;
   void SetAutoSave(bool on);
-  QPushButton* PrintButton() const { return cmdPrint_; }
-  QList<QWidget*> MainTextControls() const;
+  void AllowPrint(bool allowed);
 
  signals:
   void AutoSaveChosen(bool on);
@@ -28,7 +26,6 @@ class ResultOptionsPanel : public QWidget {
  private:
   QCheckBox* cbUpperCase_ = nullptr;
   QCheckBox* cbSaveToFile_ = nullptr;
-  QPushButton* cmdClear_ = nullptr;
   QPushButton* cmdPrint_ = nullptr;
 };
 

@@ -6,6 +6,9 @@
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
 #include "results/summary.h"
+#include "results/window/word_list_model.h"
+#include "results/window/word_list_view.h"
+#include "settings/window/colour_scheme.h"
 
 namespace quorvane {
 namespace {
@@ -18,16 +21,20 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   setObjectName("resultsPanel");
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  lblAnswers_ = MakeLabel("lblAnswers", "Results :", {}, this);
+  QLabel* caption = MakeLabel("lblAnswers", "Results :", {}, this);
   lbWordList_ = Described(new WordListView(this), "lbWordList", "The words found; a double click copies one");
   lbWordList_->setAccessibleName("Results");
   SetRegionHeight(PixelsOfTwips(kFirstListTwips));
   lbWordList_->setMinimumWidth(240);
-  lblAnswers_->setBuddy(lbWordList_);
+  caption->setBuddy(lbWordList_);
   lblXofY_ = MakeReadableLabel("lblXofY", "Number of word within current list, and also word length", this);
   lblXofY_->setMinimumHeight(2 * lblXofY_->fontMetrics().lineSpacing() + 8);
   lblXofY_->setAlignment(Qt::AlignTop);
-  layout->addWidget(lblAnswers_);
+  ShowsColour(caption, ColourElement::MainText);
+  ShowsColour(lblXofY_, ColourElement::TimerText);
+  ShowsColour(lbWordList_, ColourElement::ResultsText, ColourUse::ListText);
+  ShowsColour(lbWordList_, ColourElement::ResultsBack, ColourUse::ListBackground);
+  layout->addWidget(caption);
   layout->addWidget(lbWordList_, 1);
   layout->addWidget(lblXofY_);
   model_ = new WordListModel(results_, this);
@@ -35,6 +42,17 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsPanel::SelectionChanged);
   connect(lbWordList_, &QAbstractItemView::clicked, this, &ResultsPanel::SelectionChanged);
   connect(lbWordList_, &QAbstractItemView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
+}
+
+void ResultsPanel::ChangeResults(const std::function<void(ResultList&)>& change) {
+  model_->BeginChange();
+  change(results_);
+  model_->EndChange();
+  SelectionChanged();
+}
+
+void ResultsPanel::SetListFont(const QFont& font) {
+  lbWordList_->setFont(font);
 }
 
 std::optional<size_t> ResultsPanel::Selected() const {
@@ -52,14 +70,14 @@ void ResultsPanel::SetRegionHeight(int height) {
 
 void ResultsPanel::SelectionChanged() {
   const auto selected = Selected();
+  const std::string word = selected ? results_.Entry(*selected) : "";
   if (selected) {
-    const auto length = static_cast<int64_t>(results_.Entry(*selected).size());
-    lblXofY_->setText(ScreenText(
-        PositionText(static_cast<int64_t>(*selected) + 1, length, static_cast<int64_t>(results_.FoundCount()))));
+    lblXofY_->setText(ScreenText(PositionText(static_cast<int64_t>(*selected) + 1, static_cast<int64_t>(word.size()),
+                                              static_cast<int64_t>(results_.FoundCount()))));
   } else {
     ClearPosition();
   }
-  emit EntrySelected(selected.has_value());
+  emit EntrySelected(FromBytes(word));
 }
 
 }  // namespace quorvane

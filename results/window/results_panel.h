@@ -2,15 +2,17 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <optional>
 
 #include "results/result_list.h"
-#include "results/window/word_list_model.h"
-#include "results/window/word_list_view.h"
 
 class QLabel;
 
 namespace quorvane {
+
+class WordListModel;
+class WordListView;
 
 class ResultsPanel : public QWidget {
   Q_OBJECT
@@ -18,16 +20,9 @@ class ResultsPanel : public QWidget {
  public:
   explicit ResultsPanel(QWidget* parent);
 
-  ResultList& Results() { return results_; }
   const ResultList& Results() const { return results_; }
   // Around every change of the results, so that the list shows them.
-  template <class Change>
-  void ChangeResults(Change change) {
-    model_->BeginChange();
-    change(results_);
-    model_->EndChange();
-    SelectionChanged();
-  }
+  void ChangeResults(const std::function<void(ResultList&)>& change);
 
   // The number of the selected entry, from 0.
   std::optional<size_t> Selected() const;
@@ -35,12 +30,11 @@ class ResultsPanel : public QWidget {
   // The height of the list's region at its first size, in pixels.
   void SetRegionHeight(int height);
 
-  WordListView* List() const { return lbWordList_; }
-  QLabel* PositionLabel() const { return lblXofY_; }
-  QLabel* Caption() const { return lblAnswers_; }
+  void SetListFont(const QFont& font);
 
  signals:
-  void EntrySelected(bool selected);
+  // The word that is selected now; empty for none.
+  void EntrySelected(const QString& word);
   void EntryDoubleClicked();
 
  private:
@@ -48,7 +42,6 @@ class ResultsPanel : public QWidget {
 
   ResultList results_;
   WordListModel* model_ = nullptr;
-  QLabel* lblAnswers_ = nullptr;
   WordListView* lbWordList_ = nullptr;
   QLabel* lblXofY_ = nullptr;
 };

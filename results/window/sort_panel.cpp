@@ -3,7 +3,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "base/window/labels.h"
+#include "base/window/controls.h"
+#include "base/window/qt_text.h"
+#include "settings/window/colour_scheme.h"
 
 namespace quorvane {
 
@@ -12,14 +14,14 @@ SortPanel::SortPanel(QWidget* parent) : QGroupBox("Sort order", parent) {
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(2);
   layout->setContentsMargins(11, 5, 11, 7);
-  const auto add = [&](SortOrder order, const QString& name, const QString& caption, const QString& toolTip) {
-    buttons_[order] = Named(new QRadioButton(caption, this), name, toolTip);
-    layout->addWidget(buttons_[order]);
-    connect(buttons_[order], &QRadioButton::clicked, this, [this, order] { emit SortRequested(order); });
-  };
-  add(SortOrder::Alphabetic, "rbSortAlpha", "Alpha&betic", "Sorts A-Z");
-  add(SortOrder::ShortestFirst, "rbSortLength", "Sho&rt -> long", "Sorts words, shortest to longest");
-  add(SortOrder::LongestFirst, "rbSortLengthRev", "Lon&g -> short", "Sorts words, longest to shortest");
+  for (const SortOrderRow& row : SortOrders()) {
+    auto* button = Named(new QRadioButton(FromText(row.caption), this), FromText(row.button), FromText(row.toolTip));
+    buttons_[row.order] = button;
+    ShowsColour(button, ColourElement::MainText);
+    layout->addWidget(button);
+    connect(button, &QRadioButton::clicked, this, [this, order = row.order] { emit SortRequested(order); });
+  }
+  ShowsColour(this, ColourElement::GroupText, ColourUse::Title);
   Select(SortOrder::Alphabetic);
 }
 
@@ -37,16 +39,9 @@ void SortPanel::Select(SortOrder order) {
 }
 
 void SortPanel::EnableLengthOrders() {
-  buttons_[SortOrder::ShortestFirst]->setEnabled(true);
-  buttons_[SortOrder::LongestFirst]->setEnabled(true);
-}
-
-QList<QWidget*> SortPanel::MainTextControls() const {
-  QList<QWidget*> controls;
   for (const auto& [order, button] : buttons_) {
-    controls.push_back(button);
+    button->setEnabled(true);
   }
-  return controls;
 }
 
 }  // namespace quorvane

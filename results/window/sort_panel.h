@@ -19,7 +19,6 @@ class SortPanel : public QGroupBox {
   SortOrder Order() const;
   void Select(SortOrder order);
   void EnableLengthOrders();
-  QList<QWidget*> MainTextControls() const;
 
  signals:
   void SortRequested(quorvane::SortOrder order);

@@ -7,10 +7,11 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "base/limits.h"
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
-#include "lexicon/lexicon.h"
 #include "settings/settings_table.h"
+#include "settings/window/colour_scheme.h"
 
 namespace quorvane {
 
@@ -24,7 +25,12 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
   cbLenTo_ = Named(new QComboBox(this), "cbLenTo", "Max. word length");
   cbLenFr_->setAccessibleName("Min. word length");
   cbLenTo_->setAccessibleName("Max. word length");
-  lblToLit_ = MakeLabel("lblToLit", "to", {}, this);
+  QLabel* to = MakeLabel("lblToLit", "to", {}, this);
+  for (QWidget* control :
+       {static_cast<QWidget*>(rbAnyLen_), static_cast<QWidget*>(rbSpecLen_), static_cast<QWidget*>(to)}) {
+    ShowsColour(control, ColourElement::MainText);
+  }
+  ShowsColour(this, ColourElement::GroupText, ColourUse::Title);
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(2);
   layout->setContentsMargins(11, 5, 11, 7);
@@ -33,7 +39,7 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
   auto* range = new QHBoxLayout;
   range->setSpacing(6);
   range->addWidget(cbLenFr_, 1);
-  range->addWidget(lblToLit_);
+  range->addWidget(to);
   range->addWidget(cbLenTo_, 1);
   layout->addLayout(range);
   rbAnyLen_->setChecked(true);
@@ -44,8 +50,8 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
   connect(cbLenTo_, &QComboBox::activated, this, &LengthPanel::MaximumChosen);
 }
 
-bool LengthPanel::AnyLength() const {
-  return rbAnyLen_->isChecked();
+LengthRange LengthPanel::Range() const {
+  return {rbAnyLen_->isChecked(), Min(), Max()};
 }
 
 int LengthPanel::Min() const {
@@ -95,10 +101,6 @@ void LengthPanel::MaximumChosen() {
 void LengthPanel::ShowRange() {
   emit Status("Words with lengths between " + std::to_string(Min()) + " and " + std::to_string(Max()) +
               " only will be selected");
-}
-
-QList<QWidget*> LengthPanel::MainTextControls() const {
-  return {rbAnyLen_, rbSpecLen_, lblToLit_};
 }
 
 }  // namespace quorvane

@@ -3,10 +3,10 @@
 
 #include <QGroupBox>
 
+#include "search/search.h"
 #include "settings/settings_store.h"
 
 class QComboBox;
-class QLabel;
 class QRadioButton;
 
 namespace quorvane {
@@ -17,20 +17,17 @@ class LengthPanel : public QGroupBox {
  public:
   LengthPanel(SettingsStore& settings, QWidget* parent);
 
-  bool AnyLength() const;
-  int Min() const;
-  int Max() const;
+  LengthRange Range() const;
   // Fills both lists: lengths from 1, and from the minimum, up to the longest one offered.
   void SetRange(int min, int max);
   void SelectAnyLength();
-
-  // The controls that follow the main text colour.
-  QList<QWidget*> MainTextControls() const;
 
  signals:
   void Status(const std::string& text);
 
  private:
+  int Min() const;
+  int Max() const;
   void FillMaximum(int min, int max);
   void MinimumChosen();
   void MaximumChosen();
@@ -42,7 +39,6 @@ class LengthPanel : public QGroupBox {
   QRadioButton* rbSpecLen_ = nullptr;
   QComboBox* cbLenFr_ = nullptr;
   QComboBox* cbLenTo_ = nullptr;
-  QLabel* lblToLit_ = nullptr;
 };
 
 }  // namespace quorvane

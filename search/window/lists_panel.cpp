@@ -4,6 +4,7 @@
 
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
+#include "settings/window/colour_scheme.h"
 
 namespace quorvane {
 namespace {
@@ -35,23 +36,28 @@ ListsPanel::ListsPanel(QWidget* parent) : QWidget(parent) {
   // The list of the first start, the whole alphabet, is not cut.
   setMinimumWidth(fontMetrics().horizontalAdvance("ABCDEFGHIJKLMNOPQRSTUVWXYZ") + 2);
   for (const ListLabels& labels : kLabels) {
-    literals_[labels.kind] = new ClickLabel(QString(labels.name) + "Lit", labels.caption, labels.literalToolTip, this);
-    lists_[labels.kind] = new ClickLabel(labels.name, "", labels.toolTip, this);
+    auto* literal = new ClickLabel(QString(labels.name) + "Lit", labels.caption, labels.literalToolTip, this);
+    auto* list = new ClickLabel(labels.name, "", labels.toolTip, this);
+    lists_[labels.kind] = list;
+    ShowsColour(literal, ColourElement::MainText);
+    ShowsColour(list, ColourElement::WordChoiceText);
     // A long list is cut at the column's edge; its tooltip and dialog show the rest.
-    lists_[labels.kind]->setMinimumWidth(1);
-    lists_[labels.kind]->setMinimumHeight(fontMetrics().height());
-    lists_[labels.kind]->setWordWrap(false);
-    layout->addWidget(literals_[labels.kind]);
-    layout->addWidget(lists_[labels.kind]);
+    list->setMinimumWidth(1);
+    list->setMinimumHeight(fontMetrics().height());
+    list->setWordWrap(false);
+    layout->addWidget(literal);
+    layout->addWidget(list);
     layout->addSpacing(6);
-    for (ClickLabel* label : {literals_[labels.kind], lists_[labels.kind]}) {
+    for (ClickLabel* label : {literal, list}) {
       connect(label, &ClickLabel::Clicked, this, [this, kind = labels.kind] { emit ListClicked(kind); });
     }
   }
-  lblLexLit_ = MakeLabel("lblLexLit", "Lexicon file in use:", {}, this);
+  QLabel* caption = MakeLabel("lblLexLit", "Lexicon file in use:", {}, this);
+  ShowsColour(caption, ColourElement::MainText);
   lblLex_ = new ClickLabel("lblLex", "", "Current lexicon", this);
   lblLex_->setMinimumWidth(1);
-  layout->addWidget(lblLexLit_);
+  ShowsColour(lblLex_, ColourElement::MainText);
+  layout->addWidget(caption);
   layout->addWidget(lblLex_);
   connect(lblLex_, &ClickLabel::Clicked, this, &ListsPanel::LexiconClicked);
 }
@@ -60,28 +66,8 @@ void ListsPanel::ShowList(ListKind kind, const std::string& list) {
   lists_[kind]->setText(FromBytes(list));
 }
 
-QString ListsPanel::ShownList(ListKind kind) const {
-  return lists_.at(kind)->text();
-}
-
 void ListsPanel::ShowLexicon(const std::string& name) {
   lblLex_->setText(FromText(name));
-}
-
-QList<QWidget*> ListsPanel::MainTextControls() const {
-  QList<QWidget*> controls{lblLexLit_, lblLex_};
-  for (const auto& [kind, label] : literals_) {
-    controls.push_back(label);
-  }
-  return controls;
-}
-
-QList<QWidget*> ListsPanel::WordChoiceControls() const {
-  QList<QWidget*> controls;
-  for (const auto& [kind, label] : lists_) {
-    controls.push_back(label);
-  }
-  return controls;
 }
 
 }  // namespace quorvane

@@ -11,6 +11,7 @@
 
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
+#include "settings/window/colour_scheme.h"
 
 namespace quorvane {
 namespace {
@@ -21,6 +22,7 @@ QLabel* MakeNote(const QString& name, const QString& text, QWidget* parent) {
   small.setPointSizeF(small.pointSizeF() * 0.85);
   note->setFont(small);
   note->setIndent(22);
+  ShowsColour(note, ColourElement::MainBack, ColourUse::ReadableText);
   return note;
 }
 
@@ -30,23 +32,25 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   setObjectName("patternPanel");
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  lblInputWord_ = MakeLabel("lblInputWord", "Pattern :", {}, this);
+  QLabel* caption = MakeLabel("lblInputWord", "Pattern :", {}, this);
   tbInput_ = Described(new QLineEdit(this), "tbInput", "The pattern to search for");
   tbInput_->setAccessibleName("Pattern");
   tbInput_->setMinimumWidth(280);
   QFont large = tbInput_->font();
   large.setPointSizeF(large.pointSizeF() * 1.25);
   tbInput_->setFont(large);
-  lblInputWord_->setBuddy(tbInput_);
+  ShowsColour(caption, ColourElement::MainText);
+  caption->setBuddy(tbInput_);
   btnFindWords_ = Described(new QPushButton("&Words", this), "btnFindWords", "Search the lexicon");
   btnFindWords_->setMinimumWidth(110);
-  btnCancel_ = Described(new QPushButton("E&xit", this), "btnCancel", "Leave the program");
+  auto* exit = Described(new QPushButton("E&xit", this), "btnCancel", "Leave the program");
   lblNumLetters_ = MakeLabel("lblNumLetters", "", "# letters", this);
+  ShowsColour(lblNumLetters_, ColourElement::LettersText);
 
-  layout->addWidget(lblInputWord_, 0, 0);
+  layout->addWidget(caption, 0, 0);
   layout->addWidget(tbInput_, 0, 1);
   layout->addWidget(btnFindWords_, 0, 2);
-  layout->addWidget(btnCancel_, 0, 3);
+  layout->addWidget(exit, 0, 3);
   layout->addWidget(lblNumLetters_, 1, 1, 1, 3);
   layout->setColumnStretch(1, 1);
 
@@ -59,9 +63,8 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
                    0, 2);
   modes->addWidget(MakeMode(WordType::AnagramExact, "rbAnagramExact", "Anagra&m", "Return all exact-length anagrams"),
                    0, 3);
-  modeNotes_ = {MakeNote("lblAnagall", "All words", this), MakeNote("lblAnagexact", "Exact length only", this)};
-  modes->addWidget(modeNotes_[0], 1, 2);
-  modes->addWidget(modeNotes_[1], 1, 3);
+  modes->addWidget(MakeNote("lblAnagall", "All words", this), 1, 2);
+  modes->addWidget(MakeNote("lblAnagexact", "Exact length only", this), 1, 3);
   modes->setColumnStretch(4, 1);
   layout->addLayout(modes, 2, 1, 1, 3);
   modes_[WordType::WordList]->setChecked(true);
@@ -73,23 +76,17 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
     }
   });
   connect(btnFindWords_, &QPushButton::clicked, this, &PatternPanel::SearchRequested);
-  connect(btnCancel_, &QPushButton::clicked, this, &PatternPanel::ExitRequested);
+  connect(exit, &QPushButton::clicked, this, &PatternPanel::ExitRequested);
 }
 
 QRadioButton* PatternPanel::MakeMode(WordType type, const QString& name, const QString& caption,
                                      const QString& toolTip) {
   auto* button = Named(new QRadioButton(caption, this), name, toolTip);
   modes_[type] = button;
+  // A mode has no colour of its own and must be readable on any background.
+  ShowsColour(button, ColourElement::MainBack, ColourUse::ReadableText);
   connect(button, &QRadioButton::clicked, this, [this, type] { emit ModeChosen(type); });
   return button;
-}
-
-QList<QWidget*> PatternPanel::ModeCaptions() const {
-  QList<QWidget*> captions = modeNotes_;
-  for (const auto& [type, button] : modes_) {
-    captions.push_back(button);
-  }
-  return captions;
 }
 
 std::string PatternPanel::Text() const {
@@ -116,10 +113,6 @@ void PatternPanel::ShowState(const InputState& state) {
   modes_[WordType::Anagram]->setEnabled(state.anagrams);
   modes_[WordType::AnagramExact]->setEnabled(state.anagrams);
   modes_[state.selected]->setChecked(true);
-}
-
-bool PatternPanel::ModeEnabled(WordType type) const {
-  return modes_.at(type)->isEnabled();
 }
 
 void PatternPanel::FocusPattern() {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "lookup/addresses.h"
+#include "lookup/resources.h"
 
 namespace quorvane::test {
 namespace {

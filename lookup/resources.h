@@ -1,14 +1,12 @@
-// The five on-line resources that a found word can be looked up in.
+// The on-line resources that a found word can be looked up in.
 #pragma once
 
-#include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace quorvane {
-
-inline constexpr size_t kLookupResources = 5;
 
 struct LookupResource {
   std::string_view label;          // Beside the look-up button.
@@ -17,7 +15,10 @@ struct LookupResource {
   std::string_view tail;           // Behind the word.
 };
 
-// The resource that the setting's value "1" to "5" chooses; null for any other value.
+// In the order of the setting's values, "1" for the first.
+std::span<const LookupResource> LookupResources();
+
+// The resource that the setting's value chooses; null for any other value.
 const LookupResource* FindLookupResource(std::string_view setting);
 
 // The address of a word, whose bytes stand in it as they are; nothing for a setting that chooses no resource.

@@ -1,0 +1,194 @@
+#include "app/file_controller.h"
+
+#include "app/frm_amend.h"
+#include "app/start/shut_down.h"
+#include "base/program_directory.h"
+#include "base/text.h"
+#include "lexicon/lexicon_name.h"
+#include "lexicon/load_report.h"
+#include "lexicon/window/frm_lex_name.h"
+#include "lexicon/window/frm_lex_problem.h"
+#include "lexicon/window/frm_new_lex.h"
+#include "lexicon/window/frm_wait.h"
+#include "lookup/window/frm_weblink_choice.h"
+#include "lookup/window/lookup_panel.h"
+#include "print/window/frm_printer_setup.h"
+#include "print/window/printing.h"
+#include "results/results_file.h"
+#include "results/summary.h"
+
+namespace quorvane {
+namespace {
+
+// The progress bar for as long as the object lives, moved by percentages.
+class MovingBar {
+ public:
+  explicit MovingBar(View& view) : view_(view) { view_.BeginProgress(100); }
+  ~MovingBar() { view_.EndProgress(); }
+  MovingBar(const MovingBar&) = delete;
+  MovingBar& operator=(const MovingBar&) = delete;
+
+  std::function<void(int)> Mover() const {
+    return [this](int percent) { view_.ShowProgress(percent); };
+  }
+
+ private:
+  View& view_;
+};
+
+}  // namespace
+
+FileController::FileController(FileView& view, Session& session, Services& services)
+    : view_(view), session_(session), services_(services) {}
+
+void FileController::ReportErrors(const std::string& text) {
+  services_.door.Show(view_.Window(), text);
+  services_.log.Write(event::kError, text);
+}
+
+bool FileController::LoadLexiconFile(const std::string& path) {
+  const LoadResult result = [&] {
+    const Hourglass hourglass;
+    const MovingBar bar(view_);
+    return LoadLexicon(path, kLexiconCapacity, TextSource::Read, bar.Mover());
+  }();
+  const LoadReport report = ReportOf(result);
+  if (result.outcome == LoadOutcome::ListError) {
+    FrmLexProblem problem(result, view_.Window());
+    services_.door.Run(problem);
+  } else if (result.outcome != LoadOutcome::Ok) {
+    services_.door.Show(view_.Window(), report.boxText);
+  }
+  if (result.outcome != LoadOutcome::Ok) {
+    services_.log.Write(report.logCode, report.logText);
+  }
+  if (!result.Usable()) {
+    session_.stopFlag = true;
+    ShutDown(services_, session_, 1);
+    return false;
+  }
+  session_.lexicon = result.lexicon;
+  return true;
+}
+
+void FileController::OpenNewLexicon() {
+  const std::string current = GetSetting(services_.settings, Setting::LexiconFile);
+  FrmNewLex choice(services_.programDirectory, current, view_.Window());
+  if (services_.door.Run(choice) != QDialog::Accepted || choice.Chosen().empty()) {
+    return;
+  }
+  const std::string& name = choice.Chosen();
+  {
+    FrmWait wait(view_.Window());
+    wait.ShowNow();
+    if (!LoadLexiconFile(JoinPath(services_.programDirectory, name))) {
+      return;
+    }
+  }
+  const int32_t count = session_.lexicon->count();
+  services_.log.Write(event::kNewLexicon, std::to_string(count) + " words defined in lexicon file '" + name + "'");
+  session_.input.noun = FactsOf(WordType::WordList).noun;  // Of the next search.
+  SaveSetting(services_.settings, Setting::LexiconFile, name);
+  view_.ShowLexicon(name);
+  services_.door.Show(view_.Window(), "    New lexicon file\r\n\r\n    " + name + "\r\n\r\nhas been loaded\r\nwith " +
+                                          FormatThousands(count) + " words.");
+}
+
+void FileController::ChangeSaveName() {
+  FrmAmend dialog(services_, view_.Window());
+  services_.door.Run(dialog);
+}
+
+bool FileController::WriteResults(bool automatic) {
+  const std::string path = SaveFilePath(services_.settings, services_.programDirectory);
+  SaveSetting(services_.settings, Setting::SaveFileName, path);
+  const Search said = view_.Said();
+  view_.ShowStatus(WritingStatus(view_.Results().FoundCount(), said));
+  const Hourglass hourglass;
+  const MovingBar bar(view_);
+  const auto error = WriteResultsFile(ResolvePath(services_.programDirectory, path), said, view_.Results(),
+                                      view_.Order(), bar.Mover());
+  if (error) {
+    ReportSaveFailure(*error, automatic);
+    return false;
+  }
+  session_.lastSaveFailure.clear();
+  return true;
+}
+
+// The status line and the log say it every time; a box that autosave has shown is not shown again for the same reason.
+void FileController::ReportSaveFailure(const FileError& error, bool automatic) {
+  const std::string text = "The word list could not be saved to " + error.Text();
+  const bool shown = automatic && session_.lastSaveFailure == text;
+  session_.lastSaveFailure = text;
+  if (!shown) {
+    services_.door.Show(view_.Window(), text);
+  }
+  view_.ShowStatus(text);
+  services_.log.Write(event::kError, text);
+}
+
+void FileController::SaveList() {
+  if (WriteResults(false)) {
+    view_.ShowStatus("Current wordlist has been saved");
+    services_.log.Write(event::kSaved, "Wordlist has been saved");
+  }
+}
+
+void FileController::SaveAsLexicon() {
+  FrmLexName dialog(services_.programDirectory, services_.door, view_.Window());
+  services_.door.Run(dialog);
+  const std::string& name = dialog.Name();
+  if (name.empty()) {
+    return;
+  }
+  view_.ShowStatus(WritingStatus(view_.Results().FoundCount(), view_.Said()));
+  const std::string path = JoinPath(services_.programDirectory, name + std::string(kLexiconExtension));
+  const Hourglass hourglass;
+  const MovingBar bar(view_);
+  if (const auto error = WriteResultsAsLexicon(path, view_.Results(), view_.Order(), bar.Mover())) {
+    ReportSaveFailure(*error, false);
+    return;
+  }
+  view_.ShowStatus("Current word list has been saved as lexicon \"" + name + "\"");
+  services_.log.Write(event::kSavedLexicon, "Wordlist has been saved as a new Lexicon '" + name + "'");
+}
+
+void FileController::Print() {
+  const ResultList& results = view_.Results();
+  PrintJob job{session_.printerName, results.EntryCount(), [&results](size_t i) { return results.Entry(i); },
+               results.FoundCount(), view_.Said()};
+  const PrintSite site{view_.Window(), [this](const std::string& text) { view_.ShowStatus(text); },
+                       [this](const std::string& text) { ReportErrors(text); }};
+  Printing(services_.settings, services_.log, services_.door, services_.clock).Print(job, site);
+}
+
+void FileController::SetUpPrinter() {
+  FrmPrinterSetup dialog(
+      services_.settings, services_.log, services_.door, session_.printerName, view_.Results().EntryCount(),
+      [this](const std::string& text) { ReportErrors(text); }, view_.Window());
+  services_.door.Run(dialog);
+  view_.UpdateCommands();
+}
+
+void FileController::ChangeWeblink() {
+  FrmWeblinkChoice dialog(services_.settings, services_.log, view_.Window());
+  if (services_.door.Run(dialog) == QDialog::Accepted) {
+    view_.ShowResource(GetSetting(services_.settings, Setting::Weblink));
+  }
+}
+
+void FileController::LookUp() {
+  const auto word = view_.SelectedWord();
+  if (word && OpenLookup(GetSetting(services_.settings, Setting::Weblink), *word)) {
+    view_.ShowStatus("Attempting to look up definition for '" + *word + "'");
+  }
+}
+
+void FileController::Exit() {
+  services_.log.Write(event::kEnd, "Application ended successfully");
+  session_.stopFlag = true;
+  view_.Leave();
+}
+
+}  // namespace quorvane

@@ -1,0 +1,60 @@
+// Files, printing, looking up, leaving.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "app/services.h"
+#include "app/session.h"
+#include "app/view.h"
+#include "base/file.h"
+#include "results/result_list.h"
+
+namespace quorvane {
+
+// What these commands need of the window.
+class FileView : public virtual View {
+ public:
+  virtual const ResultList& Results() const = 0;
+  // What is said of the list.
+  virtual Search Said() const = 0;
+  virtual SortOrder Order() const = 0;
+  // The word of the selected entry.
+  virtual std::optional<std::string> SelectedWord() const = 0;
+  virtual void ShowLexicon(const std::string& name) = 0;
+  virtual void ShowResource(const std::string& setting) = 0;
+  // Ends the program as its close button does.
+  virtual void Leave() = 0;
+};
+
+class FileController {
+ public:
+  // All outlive the controller.
+  FileController(FileView& view, Session& session, Services& services);
+
+  void OpenNewLexicon();
+  // Loads `path`; false when the lexicon is unusable and the program has ended.
+  bool LoadLexiconFile(const std::string& path);
+  void ChangeSaveName();
+  void SaveList();
+  // Without being asked: true when the list was written.
+  bool AutoSave() { return WriteResults(true); }
+  void SaveAsLexicon();
+  void Print();
+  void SetUpPrinter();
+  void ChangeWeblink();
+  void LookUp();
+  void Exit();
+
+ private:
+  bool WriteResults(bool automatic);
+  void ReportSaveFailure(const FileError& error, bool automatic);
+  void ReportErrors(const std::string& text);
+
+  FileView& view_;
+  Session& session_;
+  Services& services_;
+};
+
+}  // namespace quorvane

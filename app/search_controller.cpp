@@ -1,0 +1,221 @@
+#include "app/search_controller.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <algorithm>
+
+#include "app/option_table.h"
+#include "base/window/qt_text.h"
+#include "results/summary.h"
+#include "results/window/frm_random_disc.h"
+#include "search/search_texts.h"
+#include "search/window/frm_change_list.h"
+
+namespace quorvane {
+namespace {
+
+// A paste can hold many refusals; so many beeps say the same as more.
+constexpr int kMostBeeps = 20;
+constexpr int kPaintInterval = 16;  // Milliseconds: no faster than the display.
+
+void BeepTimes(Door& door, int times) {
+  for (int i = 0; i < std::min(times, kMostBeeps); ++i) {
+    door.Beep();
+  }
+}
+
+// Shows the progress of a scan, at most once in an interval of the display.
+class ScanProgress : public ScanObserver {
+ public:
+  explicit ScanProgress(SearchView& view) : view_(view) { sincePaint_.start(); }
+
+  void Progress(int index, int percent) override {
+    if (sincePaint_.elapsed() < kPaintInterval) {
+      return;
+    }
+    sincePaint_.restart();
+    view_.ShowProgress(index / 10);
+    view_.ShowStatus(ProgressStatus(percent));
+    view_.ShowCaption(ProgressCaption(percent));
+  }
+
+ private:
+  SearchView& view_;
+  QElapsedTimer sincePaint_;
+};
+
+}  // namespace
+
+Search SearchOf(const SearchView& view) {
+  return view.Results().MadeBy().value_or(view.Asked());
+}
+
+SearchController::SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave)
+    : view_(view), session_(session), services_(services), autoSave_(std::move(autoSave)) {}
+
+void SearchController::CheckInput() {
+  view_.ShowTimer("");
+  view_.EnableLengthOrders();
+  const Search asked = view_.Asked();
+  session_.input.text = asked.text;
+  session_.input.caret = view_.Caret();
+  const InputMessages messages = quorvane::CheckInput(session_.input, asked.lists);
+  if (messages.error) {
+    services_.log.Write(event::kInputError, "Error 5 in Pattern input " + asked.text);
+    services_.door.Show(view_.Window(), "Error 5 (Invalid procedure call) in Pattern Input: " + asked.text);
+    return;
+  }
+  view_.ShowInput();
+  for (const std::string& text : messages.logTexts) {
+    services_.log.Write(event::kInputError, text);
+  }
+  if (!messages.statusTexts.empty()) {
+    view_.ShowStatus(messages.LastStatus());
+  }
+  BeepTimes(services_.door, messages.beeps);
+}
+
+void SearchController::SelectMode(WordType type) {
+  SelectWordType(session_.input, type);
+  session_.input.caret = view_.Caret();
+  view_.ShowInput();
+}
+
+void SearchController::RefreshListCaptions() {
+  for (const ListKind kind : kListKinds) {
+    view_.ShowListCaption(kind, ListMenuCaption(kind, StoredList(services_.settings, kind), true));
+  }
+}
+
+void SearchController::FindWords() {
+  if (session_.scanActive || session_.lexicon == nullptr) {
+    return;
+  }
+  const CStopWatch watch(services_.ticks);
+  RefreshListCaptions();
+  view_.BeginProgress(session_.lexicon->count() / 10);
+  view_.ClearPosition();
+  session_.scanActive = true;
+  const SearchRun run(view_.Asked());
+  const PreparedPattern& prepared = run.Prepared();
+  if (prepared.Refused()) {
+    services_.door.Show(view_.Window(), prepared.boxText);
+    view_.ShowStatus(prepared.statusText);
+  } else if (!run.NothingTyped()) {
+    Scan(run);
+  }
+  view_.EndProgress();
+  if (prepared.Random() && IsYes(GetSetting(services_.settings, Setting::RandomDisclaimer))) {
+    FrmRandomDisc notice(services_.settings, view_.Window());
+    services_.door.Run(notice);
+  }
+  session_.scanActive = false;
+  ShowTime(watch);
+  if (!prepared.Refused() && view_.Order() != SortOrder::Alphabetic) {
+    Sort(view_.Order());
+  }
+  if (run.NothingTyped()) {
+    view_.ShowStatus(std::string(FactsOf(run.Asked().mode).prompt));
+  }
+  view_.UpdateCommands();
+}
+
+void SearchController::Scan(const SearchRun& run) {
+  const Hourglass hourglass;
+  view_.ShowStatus(std::string(kLookingUp));
+  ScanProgress progress(view_);
+  ScanOutcome outcome;
+  view_.ChangeResults([&](ResultList& results) {
+    outcome =
+        run.List(session_.lexicon, services_.random, {view_.UpperCase(), services_.screenCapacity}, results, &progress);
+  });
+  session_.input.saveAsLexicon = !run.Prepared().Random();
+  view_.UpdateCommands();
+  ReportScan(outcome);
+  view_.ShowCaption("");
+}
+
+// A scan that failed or was cut off says so; any other ends with its summary.
+void SearchController::ReportScan(const ScanOutcome& outcome) {
+  const auto report = [this](const ScanReport& texts) {
+    services_.door.Show(view_.Window(), texts.boxText);
+    view_.ShowStatus(texts.statusText);
+    services_.log.Write(texts.logCode, texts.logText);
+  };
+  for (const ScanError& error : outcome.errors) {
+    report(ReportOf(error));
+  }
+  if (outcome.truncated) {
+    const ResultList& results = view_.Results();
+    const std::string last = outcome.listed == 0 ? "" : results.Entry(outcome.listed - 1);
+    report(TruncationReport(outcome.listed, results.FoundCount(), last));
+  } else if (outcome.errors.empty()) {
+    ShowSummary();
+  }
+}
+
+void SearchController::ShowTime(const CStopWatch& watch) {
+  if (session_.options[Option::Timer]) {
+    view_.ShowTimer(TimeText(watch.ElapsedOrLongest()));
+  }
+}
+
+void SearchController::ShowSummary() {
+  const size_t count = view_.Results().FoundCount();
+  const Search said = SearchOf(view_);
+  const std::string summary = SummaryStatus(count, said);
+  view_.ShowStatus(summary);
+  services_.log.Write(event::kWords, SummaryLog(count, said));
+  if (session_.options[Option::AutoSave] && autoSave_()) {
+    view_.ShowStatus(summary);
+  }
+}
+
+void SearchController::Sort(SortOrder order) {
+  const CStopWatch watch(services_.ticks);
+  const Hourglass hourglass;
+  if (view_.Asked().text.empty()) {
+    return;
+  }
+  view_.ClearPosition();
+  const SortOrderRow& row = RowOf(order);
+  if (!row.announcement.empty()) {
+    view_.ShowStatus(std::string(row.announcement), true);
+  }
+  view_.ShowStatus(std::string(row.status));
+  view_.ChangeResults([&](ResultList& results) { results.Sort(order, view_.UpperCase()); });
+  ShowTime(watch);
+  ShowSummary();
+}
+
+void SearchController::ClearList() {
+  view_.ChangeResults([](ResultList& results) { results.Clear(); });
+  view_.ClearPosition();
+  view_.UpdateCommands();
+  view_.FocusPattern();
+  view_.ShowStatus("Word list cleared", true);
+}
+
+void SearchController::CopyEntry() {
+  const auto selected = view_.SelectedEntry();
+  if (!selected) {
+    return;
+  }
+  QClipboard* clipboard = QApplication::clipboard();
+  clipboard->clear();
+  clipboard->setText(FromBytes(view_.Results().Entry(*selected)));
+  services_.door.Beep();
+}
+
+void SearchController::EditList(ListKind kind) {
+  const std::string before = StoredList(services_.settings, kind);
+  FrmChangeList dialog(kind, services_.settings, services_.log, services_.door, view_.Window());
+  services_.door.Run(dialog);
+  const std::string after = StoredList(services_.settings, kind);
+  view_.ShowList(kind, after);
+  view_.ShowListCaption(kind, ListMenuCaption(kind, after, false));
+  view_.ShowStatus(ListStatusText(kind, after, after != before));
+}
+
+}  // namespace quorvane

@@ -1,0 +1,73 @@
+// Searching: what is typed, searched, sorted, cleared, copied.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "app/services.h"
+#include "app/session.h"
+#include "app/view.h"
+#include "results/search_run.h"
+
+namespace quorvane {
+
+// What searching needs of the window.
+class SearchView : public virtual View {
+ public:
+  // What the controls ask for.
+  virtual Search Asked() const = 0;
+  virtual size_t Caret() const = 0;
+  virtual void FocusPattern() = 0;
+  // Shows the state of the input check on every control that depends on it.
+  virtual void ShowInput() = 0;
+
+  virtual SortOrder Order() const = 0;
+  virtual bool UpperCase() const = 0;
+  virtual void EnableLengthOrders() = 0;
+
+  virtual const ResultList& Results() const = 0;
+  // Every change of the results goes through here, so that the list shows it.
+  virtual void ChangeResults(const std::function<void(ResultList&)>& change) = 0;
+  // The entry that is selected, from 0.
+  virtual std::optional<size_t> SelectedEntry() const = 0;
+  virtual void ClearPosition() = 0;
+
+  virtual void ShowList(ListKind kind, const std::string& list) = 0;
+  virtual void ShowListCaption(ListKind kind, const std::string& caption) = 0;
+  // The window's caption; empty for its own.
+  virtual void ShowCaption(const std::string& caption) = 0;
+};
+
+class SearchController {
+ public:
+  // Saves the list without being asked; true when it was written.
+  using AutoSave = std::function<bool()>;
+
+  // All outlive the controller.
+  SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave);
+
+  void CheckInput();
+  void SelectMode(WordType type);
+  void FindWords();
+  void Sort(SortOrder order);
+  void ClearList();
+  void CopyEntry();
+  void EditList(ListKind kind);
+  void RefreshListCaptions();
+
+ private:
+  void Scan(const SearchRun& run);
+  void ReportScan(const ScanOutcome& outcome);
+  void ShowTime(const CStopWatch& watch);
+  void ShowSummary();
+
+  SearchView& view_;
+  Session& session_;
+  Services& services_;
+  AutoSave autoSave_;
+};
+
+// What is said of the list is said of the search that made it; of an empty list, of what is asked now.
+Search SearchOf(const SearchView& view);
+
+}  // namespace quorvane

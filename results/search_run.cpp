@@ -1,0 +1,25 @@
+#include "results/search_run.h"
+
+#include "base/text.h"
+
+namespace quorvane {
+
+ScanOutcome SearchRun::List(std::shared_ptr<const Lexicon> lexicon, RandomSource& random, const ListSettings& settings,
+                            ResultList& results, ScanObserver* observer) const {
+  ScanRequest request;
+  request.prepared = prepared_;
+  request.lists = search_.lists;
+  if (!search_.lengths.any) {
+    request.minLength = search_.lengths.min;
+    request.maxLength = search_.lengths.max;
+  }
+  ParseInteger(std::string_view(search_.text).substr(search_.text.empty() ? 0 : 1), request.randomCount);
+  request.palindromes = search_.mode == WordType::Palindrome;
+  const bool wasTruncated = results.LastScanTruncated();
+  ScanOutcome outcome =
+      PerformScan(*lexicon, request, results.BeginSearch(), random, observer, settings.screenCapacity, wasTruncated);
+  results.EndSearch(search_, std::move(lexicon), outcome, settings.upperCase);
+  return outcome;
+}
+
+}  // namespace quorvane
