@@ -223,7 +223,8 @@ TEST_F(MainWindowTest, TypingExplainsAndRefuses) {
            Row{";", ";", nullptr, nullptr, 0, false},
        }) {
     Type("");
-    window->ShowStatus(kUnchanged);
+    Find<QLabel>("lblStatus")->setText(kUnchanged);
+    Find<QLabel>("lblStatus")->setFont({});
     door.beeps = 0;
     QTest::keyClicks(Find("tbInput"), typed);
     EXPECT_EQ(Text("tbInput"), kept) << typed;
