@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Draws docs/pictures anew: all windows as they are, and some at 200 % and on a dark desktop. The same code draws the
 # same pixels twice on one machine. From the environment: PICTURES (the folder drawn into), and what the pictures show:
-# PICTURES_HOME (made anew, holds the program's folder), PICTURES_CLOCK, PICTURES_BUILT.
+# PICTURES_HOME (made anew, holds the program's folder, whose neighbours are seen in a list), PICTURES_CLOCK,
+# PICTURES_BUILT.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 cmake --preset release >/dev/null
 cmake --build --preset release --target make_pictures default_lexicon
 to=$(realpath -m "${PICTURES:-docs/pictures}")
-home=${PICTURES_HOME:-/tmp/quorvane_pictures}
+home=${PICTURES_HOME:-/var/tmp/quorvane_pictures}
 mkdir -p "$to"
 all=$(mktemp -d)
 trap 'rm -rf "$all" "$home"' EXIT
