@@ -25,6 +25,7 @@
 #include <QSlider>
 #include <QStandardPaths>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <QTreeView>
 #include <QUrl>
