@@ -1,17 +1,24 @@
 // Draws the pictures of docs/pictures: the real window over the given lexicon, driven through its own commands, and
-// every dialog it opens. Usage: make_pictures DIRECTORY LEXICON [PREFIX [dark]]. Another scale: QT_SCALE_FACTOR.
+// every dialog it opens. The same code draws the same pixels twice on one machine: what differs from run to run is
+// handed in. Usage: make_pictures DIRECTORY LEXICON HOME CLOCK BUILT [PREFIX [dark]]. HOME is made anew and holds the
+// program's folder; CLOCK is the time that the program sees, "2026-03-05T14:07:09"; BUILT is the build date that the
+// about box shows. Another scale: QT_SCALE_FACTOR.
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
+#include <QDateTime>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 
@@ -27,25 +34,28 @@ namespace {
 // A directory as a user's may be, which the list of directories shows: the program's among others.
 class Home {
  public:
-  Home() {
+  explicit Home(const QString& root) : root_(root) {
+    root_.removeRecursively();
+    root_.mkpath(".");
     for (const char* name :
          {"Desktop",     "Documents", "Downloads", "Games",      "Languages", "Letters", "Music",   "Pictures",
           "Projects",    "Puzzles",   "quorvane",  "Recipes",    "School",    "Scores",  "Stories", "Travel",
           "Tournaments", "Videos",    "Walks",     "Wallpapers", "Work",      "Writing"}) {
-      QDir(root_.path()).mkdir(name);
+      root_.mkdir(name);
     }
   }
   QString path() const { return root_.filePath("quorvane"); }
   QString filePath(const QString& name) const { return QDir(path()).filePath(name); }
 
  private:
-  QTemporaryDir root_;
+  QDir root_;
 };
 
 // Saves a picture of every modal window that opens, and answers it.
 class PictureDoor : public ScreenDoor {
  public:
-  PictureDoor(QString directory, QString prefix) : directory_(std::move(directory)), prefix_(std::move(prefix)) {}
+  PictureDoor(QString directory, QString prefix, QString built)
+      : directory_(std::move(directory)), prefix_(std::move(prefix)), built_(std::move(built)) {}
 
   Answer Ask(QWidget* parent, const Question& question) override {
     Plan("box");
@@ -53,7 +63,16 @@ class PictureDoor : public ScreenDoor {
     return Answer::Ok;
   }
   int Run(QDialog& dialog) override {
-    Plan(dialog.objectName());
+    if (const QString lexicon = std::exchange(lexicon_, {}); !lexicon.isEmpty()) {
+      auto* list = dialog.findChild<QListWidget*>("fbList");
+      list->setCurrentItem(list->findItems(lexicon, Qt::MatchExactly).value(0));
+      QTimer::singleShot(0, dialog.findChild<QPushButton*>("cmdOK"), &QPushButton::click);
+    } else {
+      Plan(dialog.objectName());
+    }
+    if (auto* built = dialog.findChild<QLabel*>("lblCompiled")) {
+      built->setText(built_);
+    }
     return ScreenDoor::Run(dialog);
   }
   void Beep() override {}
@@ -62,22 +81,22 @@ class PictureDoor : public ScreenDoor {
     QTest::qWait(30);
     widget.grab().save(QDir(directory_).filePath(prefix_ + name + ".png"));
   }
-  void NameNext(const QString& name) { next_ = name; }
+  // The next dialog is the choice of a lexicon, which is answered with `name`.
+  void ChooseNext(const QString& name) { lexicon_ = name; }
 
  private:
   void Plan(const QString& name) {
-    const QString used = next_.isEmpty() ? name : next_;
-    next_.clear();
-    QTimer::singleShot(200, qApp, [this, used] {
+    QTimer::singleShot(200, qApp, [this, name] {
       QWidget* modal = QApplication::activeModalWidget();
-      Save(*modal, used);
+      Save(*modal, name);
       static_cast<QDialog*>(modal)->reject();
     });
   }
 
   QString directory_;
   QString prefix_;
-  QString next_;
+  QString built_;
+  QString lexicon_;
 };
 
 class FirstWords : public RandomSource {
@@ -90,11 +109,14 @@ class FirstWords : public RandomSource {
 
 class Studio {
  public:
-  Studio(const QString& directory, const QString& lexicon, const QString& prefix)
-      : door_(directory, prefix),
+  Studio(const QString& directory, const QString& lexicon, const QString& home, const LocalClock& clock,
+         const QString& built, const QString& prefix)
+      : folder_(home),
+        door_(directory, prefix, built),
         settings_(folder_.filePath("quorvane.conf"), [](const FileError&) {}),
-        log_(ToText(folder_.filePath("quorvane.log")), SystemClock(), [](const FileError&) {}),
+        log_(ToText(folder_.filePath("quorvane.log")), clock, [](const FileError&) {}),
         services_{settings_, log_, door_, random_, ToText(folder_.path()), ToText(folder_.filePath("quorvane.conf"))} {
+    services_.clock = clock;
     std::filesystem::create_symlink(ToText(lexicon), ToText(folder_.filePath("words.lex")));
     std::filesystem::copy_file("app/Quorvane.hlp", ToText(folder_.filePath("Quorvane.hlp")));
     settings_.Save(kApplicationName, "Selection", "ExcludedChars", "aeiou");
@@ -109,7 +131,8 @@ class Studio {
     window_->ResizeToContents();
     Save("start");
     Search("*ell*");
-    window_->results->List()->setCurrentIndex(window_->results->List()->model()->index(3, 0));
+    auto* list = window_->findChild<QAbstractItemView*>("lbWordList");
+    list->setCurrentIndex(list->model()->index(3, 0));
     Save("search");
     Type("=============");
     Save("refusal_scrabble");
@@ -119,14 +142,13 @@ class Studio {
     Save("anagrams");
     Type("list?n");
     Save("refusal_anagram");
-    window_->Item("menWideScreen")->setChecked(true);
-    window_->Command().ToggleWideScreen();
+    Choose("menWideScreen");
     Save("wide");
-    window_->Item("menWideScreen")->setChecked(false);
-    window_->Command().ToggleWideScreen();
+    Choose("menWideScreen");
     Menus();
     Dialogs();
     Colours();
+    BadLexicon();
   }
 
  private:
@@ -141,6 +163,7 @@ class Studio {
     Type(text);
     QTest::keyClick(window_->findChild<QLineEdit*>("tbInput"), Qt::Key_Return);
   }
+  void Choose(const QString& item) { window_->findChild<QAction*>(item)->trigger(); }
   void Click(const QString& name) { QTest::mouseClick(window_->findChild<QWidget*>(name), Qt::LeftButton); }
 
   void Menus() {
@@ -153,21 +176,21 @@ class Studio {
   }
 
   void Dialogs() {
-    Commands& command = window_->Command();
     Search("ab*");
-    for (const auto run :
-         {&Commands::OpenNewLexicon, &Commands::ChangeSaveName, &Commands::SaveAsLexicon, &Commands::ChangeIncludeList,
-          &Commands::ChangeExcludeList, &Commands::ChangeScrabbleList, &Commands::SetUpPrinter,
-          &Commands::ChangeWeblink, &Commands::ColourMainText, &Commands::CountByLetter, &Commands::CountByLength,
-          &Commands::ShowWildcards, &Commands::ShowHelp, &Commands::ShowAbout}) {
-      (command.*run)();
+    for (const char* item :
+         {"menNewLex", "menFileSaveFile", "menSaveAsLex", "menSelectChars", "menExcludeChars", "menScrabbleChars",
+          "menFilePrinterSetup", "menChangeWeblink", "memMainText", "menHelpByLetter", "menHelpByLength",
+          "menWildcardSumm", "menHelpHelp", "menHelpAbout"}) {
+      Choose(item);
     }
     Search("~12");
-    door_.NameNext("frmLexProblem");
-    const std::string bad = ToText(folder_.filePath("bad.lex"));
-    std::ofstream(bad, std::ios::binary) << "abbey\r\nabbot\r\n\xE9lan\r\n";
-    command.LoadLexiconFile(bad);
-    window_->session.ended = false;
+  }
+
+  // Ends the program.
+  void BadLexicon() {
+    std::ofstream(ToText(folder_.filePath("bad.lex")), std::ios::binary) << "abbey\r\nabbot\r\n\xE9lan\r\n";
+    door_.ChooseNext("bad.lex");
+    Choose("menNewLex");
   }
 
   void Colours() {
@@ -175,7 +198,7 @@ class Studio {
     for (const auto& [key, value] : {std::pair{"MainBack", "&H00E0FFFF"}, {"ListBack", "&H00800000"}}) {
       settings_.Save(kApplicationName, "Colours", key, value);
     }
-    window_->Command().ResetColours();
+    Choose("menResetAllToDefault");
     Save("reset_colours");
   }
 
@@ -194,16 +217,20 @@ class Studio {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   const QStringList arguments = QApplication::arguments();
-  if (arguments.size() < 3) {
-    qWarning("usage: make_pictures DIRECTORY LEXICON [PREFIX [dark]]");
+  const QDateTime time = QDateTime::fromString(arguments.value(4), Qt::ISODate);
+  if (arguments.size() < 6 || !time.isValid()) {
+    qWarning("usage: make_pictures DIRECTORY LEXICON HOME CLOCK BUILT [PREFIX [dark]]");
     return 2;
   }
-  if (arguments.value(4) == "dark") {
+  if (arguments.value(7) == "dark") {
     QPalette dark(QColor(0x2D, 0x2D, 0x2D), QColor(0x23, 0x23, 0x23));
     dark.setColor(QPalette::Base, QColor(0x1B, 0x1B, 0x1B));
     dark.setColor(QPalette::Link, QColor(0x6F, 0xB5, 0xFF));
     QApplication::setPalette(dark);
   }
-  quorvane::Studio(arguments[1], arguments[2], arguments.value(3)).Draw();
+  QApplication::setCursorFlashTime(0);
+  const std::time_t seconds = time.toSecsSinceEpoch();
+  const auto clock = [seconds] { return *std::localtime(&seconds); };
+  quorvane::Studio(arguments[1], arguments[2], arguments[3], clock, arguments[5], arguments.value(6)).Draw();
   return 0;
 }

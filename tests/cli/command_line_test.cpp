@@ -134,6 +134,9 @@ TEST_F(CommandLine, Finds) {
       {"q find '~12345' --count >/dev/null", 0, "", "...pattern '~12345' was read as '~1234'\n"},
       {"q find cat --time", 0, "cat\n", "...1 word found\nTime = 0.0"},
       {"cat words.lex | q find 'c?t' --lexicon /dev/stdin", 0, "cat\ncut\n", "2 words found\n"},
+      {"seq 140000 | sed s/^/abcdefgh/ | tee big | q find '*' --lexicon /dev/stdin --save out >all; cmp all big; "
+       "tr -d '\\r' <out | tail -n +4 | head -n -1 | cmp - big",
+       0, "", "140000 words found\n"},
   };
   Try(rows);
 }

@@ -203,11 +203,17 @@ TEST(PageLayout, TitleLegendAndFooterOfEveryPage) {
   };
   EXPECT_NEAR(titleCentre("word"), 6120, 1);
   EXPECT_NEAR(titleCentre("full anagram"), 5620, 1);
+  EXPECT_NEAR(titleCentre("exact-length anagram"), 5120, 1);
   EXPECT_NEAR(titleCentre("palindrome"), 6120, 1);
   const auto header = HeaderOf("w*", "word", 50);
   EXPECT_EQ(header[1].x, 100);
+  EXPECT_EQ(header[2].x + Measure(header[2].text, header[2].font), 12240 - 500);
   EXPECT_EQ(header[1].y, 14400 + 400);
   EXPECT_EQ(header[2].y, 14400 + 400);
+  const auto legend = HeaderOf("w!=#", "word", 1);
+  for (const int line : {0, 1, 2}) {
+    EXPECT_EQ(legend[static_cast<size_t>(line) + 1].y, 580 + 165 * line);
+  }
 }
 
 TEST(PrintSettings, ReadForPrintingAndForTheSetup) {

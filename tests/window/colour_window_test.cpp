@@ -122,20 +122,33 @@ TEST_F(ColourWindowTest, TheSamplesHaveACustomColourOfTheirOwn) {
   EXPECT_EQ(Setting("CustColours", "ListBack"), "FFFFFF");
 }
 
-TEST_F(ColourWindowTest, ResetStoresItsOwnScheme) {
+TEST_F(ColourWindowTest, ResetShowsAndStoresItsOwnScheme) {
+  using Palette = QPalette;
+  const struct {
+    const char *key, *colour, *control;
+    Palette::ColorRole role;
+    QColor shown;
+  } scheme[] = {{"MainBack", "&H8000000F", "central", Palette::Window, LightPalette().color(Palette::Button)},
+                {"MainText", "&H00000000", "rbAnyLen", Palette::WindowText, Qt::black},
+                {"SelectionText", "&H00C00000", "lblSelInc", Palette::WindowText, QColor(0, 0, 0xC0)},
+                {"StatusText", "&H000000C0", "lblStatus", Palette::WindowText, QColor(0xC0, 0, 0)},
+                {"TimerText", "&H0000FFFF", "lblTimer", Palette::WindowText, QColor(0xFF, 0xFF, 0)},
+                {"LettersText", "&H00FF0000", "lblNumLetters", Palette::WindowText, QColor(0, 0, 0xFF)},
+                {"ListBack", "&H00800000", "lbWordList", Palette::Base, QColor(0, 0, 0x80)},
+                {"ListText", "&H0000FFFF", "lbWordList", Palette::Text, QColor(0xFF, 0xFF, 0)},
+                {"GroupText", "&H00C000C0", "frLen", Palette::Text, QColor(0xC0, 0, 0xC0)}};
+  for (const auto& row : scheme) {
+    Store("Colours", row.key, "&H0000C000");
+  }
   ASSERT_TRUE(Start());
   Item("menResetAllToDefault")->trigger();
-  const std::pair<const char*, const char*> scheme[] = {
-      {"MainBack", "&H8000000F"},   {"MainText", "&H00000000"},  {"SelectionText", "&H00C00000"},
-      {"StatusText", "&H000000C0"}, {"TimerText", "&H0000FFFF"}, {"LettersText", "&H00FF0000"},
-      {"ListBack", "&H00800000"},   {"ListText", "&H0000FFFF"},  {"GroupText", "&H00C000C0"}};
-  for (const auto& [key, colour] : scheme) {
-    EXPECT_EQ(Setting("Colours", key), colour) << key;
+  Click("cmdV");  // What is chosen from now on is stored, too.
+  const std::string file = ReadFile(dir.File("quorvane.conf"));
+  EXPECT_NE(file.find("ListBold=Yes"), std::string::npos);
+  for (const auto& row : scheme) {
+    EXPECT_NE(file.find(row.key + std::string("=") + row.colour), std::string::npos) << row.key;
+    EXPECT_EQ(Shown(row.control, row.role), row.shown) << row.key;
   }
-  EXPECT_EQ(Shown("lbWordList", QPalette::Base), QColor(0, 0, 0x80));
-  EXPECT_EQ(Shown("frLen", QPalette::Text), QColor(0xC0, 0, 0xC0));
-  EXPECT_EQ(Shown("central", QPalette::Window), LightPalette().color(QPalette::Button));
-  EXPECT_EQ(Shown("rbAnyLen", QPalette::WindowText), QColor(Qt::black));
 }
 
 }  // namespace

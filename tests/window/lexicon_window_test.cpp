@@ -237,23 +237,6 @@ TEST_F(AmendTest, NamesOfTheResultsFile) {
   }
 }
 
-TEST_F(AmendTest, AtTheRootNoSeparatorIsDoubled) {
-  ASSERT_TRUE(Start());
-  Amend([](QDialog& dialog) {
-    auto* drives = In<QComboBox>(dialog, "tbNewSaveFileDrive");
-    drives->setCurrentText("/");
-    emit drives->activated(drives->currentIndex());
-    Name(dialog, "quorvane-test");
-    ClickOn(In(dialog, "ApplyModify"));
-  });
-  const std::string text = door.TakeText();  // The root can be written to by its owner only.
-  if (text.empty()) {
-    EXPECT_EQ(Setting("Locations", "SaveFileName"), "/quorvane-test.txt");
-  } else {
-    EXPECT_EQ(text, "The directory / can't be written to.");
-  }
-}
-
 TEST_F(AmendTest, RefusalsAndCancelStoreNothing) {
   std::filesystem::create_directory(dir.File("gone"));
   dir.Write("gone/x.txt", "");

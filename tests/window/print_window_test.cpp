@@ -21,8 +21,14 @@ TEST_F(PrintWindowTest, PrintingIsOfferedOnlyWithWordsAndAPrinter) {
   ASSERT_TRUE(Start());
   Search("*a*");
   EXPECT_FALSE(Find("cmdPrint")->isEnabled());
-  Stop();
-  StartPrintable();
+  door.scripts.push_back([](QDialog& dialog) {
+    auto* printers = In<QComboBox>(dialog, "cbPrinter");
+    printers->setFocus();
+    QTest::keyClick(printers, Qt::Key_End);
+    ClickOn(In(dialog, "cmdOK"));
+  });
+  Item("menFilePrinterSetup")->trigger();
+  EXPECT_EQ(Setting("Printer", "PrinterName"), kPdfPrinter);
   EXPECT_TRUE(Find("cmdPrint")->isEnabled());
   EXPECT_TRUE(Item("menFilePrint")->isEnabled());
   Search("q*");
@@ -37,13 +43,19 @@ TEST_F(PrintWindowTest, CancelPrintsNothing) {
   StartPrintable();
   door.savePath = FromText(dir.File("out.pdf"));
   const std::string asked = "The print will contain 1 page(s), with up to 44 words per page.";
-  door.answers = {Answer::Cancel};
+  door.answers = {Answer::Extra, Answer::Cancel};  // A preview first, which can't print.
+  door.scripts.push_back([](QDialog& preview) {
+    for (const QAction* action : preview.findChildren<QAction*>()) {
+      EXPECT_FALSE(action->isVisible() && action->text().startsWith("Print")) << ToText(action->text());
+    }
+  });
   Click("cmdPrint");
-  ASSERT_EQ(door.questions.size(), 2U);
+  EXPECT_EQ(door.TakeDialogs(), Texts{"printPreview"});
+  ASSERT_EQ(door.questions.size(), 3U);
   EXPECT_EQ(ToText(door.questions[0].title), "Quorvane Print");
   EXPECT_TRUE(door.questions[0].cancel);
-  EXPECT_EQ(ToText(door.questions[1].title), "Print Cancelled");
-  EXPECT_EQ(door.TakeText(), asked + " | Print request cancelled.");
+  EXPECT_EQ(ToText(door.questions[2].title), "Print Cancelled");
+  EXPECT_EQ(door.TakeText(), asked + " | " + asked + " | Print request cancelled.");
   // No file was chosen.
   door.savePath.clear();
   Item("menFilePrint")->trigger();

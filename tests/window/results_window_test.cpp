@@ -114,6 +114,25 @@ TEST_F(ResultsWindowTest, TheListIsWalkedWithTheKeys) {
   QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, QPoint(5, 2));
   EXPECT_TRUE(Text("lblXofY").starts_with("Word # 1\n"));
   EXPECT_TRUE(Find("cmdWebLink")->isEnabled());
+  Stop();
+  std::string many;
+  for (char last = 'a'; last <= 'z'; ++last) {
+    many += std::string("a") + last + "\r\nab" + last + "\r\n";
+  }
+  dir.Write("words.lex", many);
+  ASSERT_TRUE(Start());
+  list = Find<QAbstractItemView>("lbWordList");
+  const auto shown = [&](int y) { return list->indexAt({5, y}).row(); };
+  Search("*");
+  SelectEntry(0);
+  const int page = shown(list->viewport()->height() - 1);
+  QTest::keyClick(list, Qt::Key_PageDown);
+  EXPECT_NEAR(list->currentIndex().row(), page, 1);
+  QTest::keyClick(list, Qt::Key_End);
+  EXPECT_EQ(list->currentIndex().row(), 51);
+  EXPECT_TRUE(list->viewport()->rect().contains(list->visualRect(list->currentIndex())));
+  Search("*");  // A new list is shown from its top.
+  EXPECT_EQ(shown(1), 0);
 }
 
 TEST_F(ResultsWindowTest, AnEmptyResultIsNoLexiconInAnyMode) {
@@ -142,7 +161,9 @@ TEST_F(ResultsWindowTest, TheTimerShowsHundredths) {
   EXPECT_EQ(Text("lblTimer"), "");
   Item("menTimer")->trigger();
   EXPECT_EQ(Status(), "The timer has been activated.");
-  EXPECT_EQ(Setting("Options", "TimerInd"), "Yes");
+  Stop();
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(Item("menTimer")->isChecked());
   for (const auto& [milliseconds, text] : {std::pair{1235U, "Time = 1.24s"}, {4U, "Time = 0.00s"}}) {
     tickStep = milliseconds;
     Search("c?t");
@@ -155,7 +176,9 @@ TEST_F(ResultsWindowTest, TheTimerShowsHundredths) {
   Item("menTimer")->trigger();
   EXPECT_EQ(Status(), "The timer has been deactivated.");
   EXPECT_EQ(Text("lblTimer"), "");
-  EXPECT_EQ(Setting("Options", "TimerInd"), "No");
+  Stop();
+  ASSERT_TRUE(Start());
+  EXPECT_FALSE(Item("menTimer")->isChecked());
 }
 
 TEST_F(ResultsWindowTest, TheLogIsSwitchedAndCleared) {
@@ -270,6 +293,8 @@ TEST_F(ResultsWindowTest, AutosaveFollowsItsBoxAndEverySummary) {
   Search("*a*");
   Click("rbSortLengthRev");
   EXPECT_NE(saved().find("LIST ---\r\nkayak\r\nabba\r\n"), std::string::npos);
+  Click("rbSortAlpha");
+  EXPECT_NE(saved().find("LIST ---\r\na\r\nab\r\nabba\r\n"), std::string::npos);
   EXPECT_EQ(CountLog("SAVE "), 0);
   Click("cbSaveToFile");
   EXPECT_EQ(Setting("Options", "SaveToFile"), "No");
@@ -401,6 +426,7 @@ TEST_F(ResultsWindowTest, RandomWordsAndTheirNotice) {
   EXPECT_EQ(search({0.5, 0.5}), Texts{});
   Search("c?t");
   EXPECT_EQ(door.TakeDialogs(), Texts{});
+  EXPECT_TRUE(Item("menSaveAsLex")->isEnabled());
   Stop();
   ASSERT_TRUE(Start());
   EXPECT_EQ(Setting("Options", "RandomDisclaimer"), "No");

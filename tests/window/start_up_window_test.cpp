@@ -148,6 +148,12 @@ TEST_F(StartUpTest, AnOldFileIsTakenOverOnce) {
   EXPECT_FALSE(std::filesystem::exists(dir.File("Quorvane.INI")));
   EXPECT_EQ(Run(expected), Texts{counted_});
   EXPECT_EQ(Stored(), FileOf(expected));
+  // Values that can't be stored are still in the old file.
+  dir.Write("Quorvane.INI", "[Options]\r\nMinLength=4\r\n");
+  std::filesystem::remove(dir.File("quorvane.conf"));
+  std::filesystem::create_directory(dir.File("quorvane.conf"));
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(std::filesystem::exists(dir.File("Quorvane.INI")));
 }
 
 }  // namespace

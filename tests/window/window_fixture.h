@@ -25,6 +25,7 @@
 #include <QSlider>
 #include <QStandardPaths>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <QTreeView>
 #include <QUrl>
@@ -92,7 +93,7 @@ class WindowTest : public testing::Test {
     EXPECT_NE(found, nullptr) << name;
     return found;
   }
-  QAction* Item(const char* name) { return window->Item(name); }
+  QAction* Item(const char* name) { return Find<QAction>(name); }
   // Replaces the pattern, key by key.
   void Type(const QString& text);
   void Paste(const QString& text);
