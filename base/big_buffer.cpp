@@ -3,16 +3,29 @@
 #include <cstdlib>
 #include <new>
 
-#ifdef __linux__
+// The address sanitizer watches the heap, not mappings: for it every block is a heap block of exactly its size.
+#if defined(__SANITIZE_ADDRESS__)
+#define QUORVANE_HEAP_BLOCKS 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QUORVANE_HEAP_BLOCKS 1
+#endif
+#endif
+
+#if defined(__linux__) && !defined(QUORVANE_HEAP_BLOCKS)
+#define QUORVANE_MAPPED_BLOCKS 1
 #include <sys/mman.h>
+#elif defined(__linux__)
+#include <unistd.h>
 #endif
 
 namespace quorvane {
+
+#ifdef QUORVANE_MAPPED_BLOCKS
+
 namespace {
 
 constexpr size_t kHugePage = size_t{2} << 20;
-
-#ifdef __linux__
 constexpr size_t kPage = 4096;
 
 // Stands right in front of the memory that is handed out, in a block of its own cache line.
@@ -29,11 +42,8 @@ char* MapAnonymous(size_t size) {
   void* mapping = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   return mapping == MAP_FAILED ? nullptr : static_cast<char*>(mapping);
 }
-#endif
 
 }  // namespace
-
-#ifdef __linux__
 
 void* AllocateBig(size_t bytes) {
   size_t size = RoundToPages(bytes + sizeof(Header));
@@ -96,9 +106,24 @@ void* AllocateBig(size_t bytes) {
   return memory;
 }
 
+#if defined(__linux__)
+void* MapFile(int fileDescriptor, size_t size, size_t padding) {
+  auto* memory = static_cast<char*>(AllocateBig(size + padding));
+  for (size_t done = 0; done < size;) {
+    const ssize_t part = pread(fileDescriptor, memory + done, size - done, static_cast<off_t>(done));
+    if (part <= 0) {
+      FreeBig(memory);
+      return nullptr;
+    }
+    done += static_cast<size_t>(part);
+  }
+  return memory;
+}
+#else
 void* MapFile(int, size_t, size_t) {
   return nullptr;
 }
+#endif
 
 void FreeBig(void* memory) noexcept {
   std::free(memory);
