@@ -57,13 +57,13 @@ int main(int argc, char** argv) {
   ScanRequest request;
   request.prepared = PreparePattern("*", WordType::WordList);
   const auto search = [&] {
-    results.EndSearch(lexicon, PerformScan(*lexicon, request, results.BeginSearch(), random), false);
+    results.EndSearch({}, lexicon, PerformScan(*lexicon, request, results.BeginSearch(), random), false);
   };
   search();
   const double list = Median(search);
   const double sort = Median([&] { results.Sort(SortOrder::ShortestFirst, false); });
   bool saved = true;
-  const double save = Median([&] { saved = saved && !WriteResultsAsLexicon(argv[2], results.FoundWords()); });
+  const double save = Median([&] { saved = saved && !WriteResultsAsLexicon(argv[2], results, SortOrder::Alphabetic); });
   std::printf("{\"read_10mb_ms\": %.4f, \"list_ms\": %.4f, \"sort_ms\": %.4f, \"save_ms\": %.4f}\n", read, list, sort,
               save);
   return saved ? 0 : 1;

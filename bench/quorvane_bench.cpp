@@ -63,7 +63,7 @@ void Load(benchmark::State& state) {
 }
 BENCHMARK(Load)->Unit(benchmark::kMillisecond);
 
-void Search(benchmark::State& state, const Case& searched) {
+void FindWords(benchmark::State& state, const Case& searched) {
   const auto lexicon = TheLexicon();
   if (lexicon == nullptr) {
     state.SkipWithError("no lexicon: set QUORVANE_BENCH_LEXICON");
@@ -92,7 +92,7 @@ void Sort(benchmark::State& state) {
   NoRandom random;
   ScanRequest request;
   request.prepared = PreparePattern("*", WordType::WordList);
-  results.EndSearch(lexicon, PerformScan(*lexicon, request, results.BeginSearch(), random), false);
+  results.EndSearch({}, lexicon, PerformScan(*lexicon, request, results.BeginSearch(), random), false);
   for (auto _ : state) {
     results.Sort(state.range(0) != 0 ? SortOrder::LongestFirst : SortOrder::ShortestFirst, false);
   }

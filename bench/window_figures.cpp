@@ -16,7 +16,6 @@
 #include <vector>
 
 #include "app/main_window.h"
-#include "app/start/start_up.h"
 #include "base/window/qt_text.h"
 #include "settings/window/ini_store.h"
 
@@ -46,7 +45,7 @@ struct Program {
     settings.Save(kApplicationName, "Options", "SaveToFile", "No");
     window = std::make_unique<MainWindow>(services);
     window->show();
-    StartUp(*window, services).Run();
+    window->Start();
     Settle();
   }
 

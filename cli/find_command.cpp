@@ -147,10 +147,10 @@ class FindRun {
     if (arguments_.order != SortOrder::Alphabetic) {
       results_.Sort(arguments_.order, arguments_.upper);
     }
-    // Before the words are shown: a reader may go away while they are.
-    const bool saved = Save(search);
     const std::string summary = SummaryStatus(results_.FoundCount(), search);
     Note(summary);
+    // Before the words are shown: a reader may go away while they are.
+    const bool saved = Save(search);
     if (arguments_.time) {
       Note(TimeText(std::llround(elapsed)));
     }

@@ -23,7 +23,6 @@
 #include <fstream>
 
 #include "app/main_window.h"
-#include "app/start/start_up.h"
 #include "base/window/qt_text.h"
 #include "settings/settings_table.h"
 #include "settings/window/ini_store.h"
@@ -127,7 +126,7 @@ class Studio {
 
   void Draw() {
     window_->show();
-    StartUp(*window_, services_).Run();
+    window_->Start();
     window_->ResizeToContents();
     Save("start");
     Search("*ell*");

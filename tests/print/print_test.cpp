@@ -71,9 +71,8 @@ PageLayoutInput Input(const Sheet& sheet, int fontSize, int columns, size_t entr
   input.columns = columns;
   input.font = {"Body", fontSize, false, false};
   input.estimate = Estimate(static_cast<int64_t>(entries), sheet.height, fontSize, columns);
-  input.header.count = entries;
-  input.header.noun = "word";
-  input.header.typed = "w*";
+  input.found = entries;
+  input.search.text = "w*";
   input.now.tm_year = 126;
   input.now.tm_mon = 2;
   input.now.tm_mday = 5;
@@ -156,12 +155,11 @@ TEST(PageLayout, TheLastWordStartsNoNewPage) {
   }
 }
 
-std::vector<PlacedText> HeaderOf(const std::string& typed, const std::string& noun, size_t count) {
+std::vector<PlacedText> HeaderOf(const std::string& typed, const std::string& noun, size_t count,
+                                 WordType mode = WordType::WordList) {
   PageLayoutInput input = Input(kSheets[0], 12, 1, 50);
-  input.header = {count, noun, typed, {}};
-  input.header.lists.include = "ABC";
-  input.header.lists.exclude = "x";
-  input.header.lists.scrabble = "tt?";
+  input.found = count;
+  input.search = {typed, mode, noun, {}, {"ABC", "x", "tt?"}};
   std::vector<PlacedText> header;
   for (const PlacedText& placed : LayOutPages(input)) {
     if (placed.font.name != "Body" && placed.page == 2) {
@@ -196,15 +194,15 @@ TEST(PageLayout, TitleLegendAndFooterOfEveryPage) {
     EXPECT_EQ(found, texts) << typed;
   }
   // The title stands at 300 twips around the centre, that of anagrams to its left; the footer 400 twips below the body.
-  const auto titleCentre = [](const char* noun) {
-    const PlacedText title = HeaderOf("abc", noun, 2).front();
+  const auto titleCentre = [](WordType mode) {
+    const PlacedText title = HeaderOf("abc", "word", 2, mode).front();
     EXPECT_EQ(title.y, 300);
     return title.x + Measure(title.text, title.font) / 2;
   };
-  EXPECT_NEAR(titleCentre("word"), 6120, 1);
-  EXPECT_NEAR(titleCentre("full anagram"), 5620, 1);
-  EXPECT_NEAR(titleCentre("exact-length anagram"), 5120, 1);
-  EXPECT_NEAR(titleCentre("palindrome"), 6120, 1);
+  EXPECT_NEAR(titleCentre(WordType::WordList), 6120, 1);
+  EXPECT_NEAR(titleCentre(WordType::Anagram), 5620, 1);
+  EXPECT_NEAR(titleCentre(WordType::AnagramExact), 5120, 1);
+  EXPECT_NEAR(titleCentre(WordType::Palindrome), 6120, 1);
   const auto header = HeaderOf("w*", "word", 50);
   EXPECT_EQ(header[1].x, 100);
   EXPECT_EQ(header[2].x + Measure(header[2].text, header[2].font), 12240 - 500);

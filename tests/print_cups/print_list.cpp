@@ -14,7 +14,6 @@
 #include <string_view>
 
 #include "app/main_window.h"
-#include "app/start/start_up.h"
 #include "base/window/qt_text.h"
 #include "settings/window/ini_store.h"
 
@@ -52,7 +51,7 @@ int Drive(const std::string& folder, const char* pattern, const char* answer, co
   Services services{settings, log, door, random, folder, folder + "/quorvane.conf"};
   MainWindow window(services);
   window.show();
-  if (!StartUp(window, services).Run()) {
+  if (!window.Start()) {
     return 1;
   }
   auto* box = window.findChild<QLineEdit*>("tbInput");

@@ -33,7 +33,7 @@ void Fill(ResultList& list, const std::shared_ptr<const Lexicon>& lexicon, const
     found.Add(number);
   }
   outcome.listed = outcome.truncated ? outcome.listed : numbers.size();
-  list.EndSearch(lexicon, outcome, upperCase);
+  list.EndSearch({}, lexicon, outcome, upperCase);
 }
 
 Words WordsOf(const WordSequence& sequence) {
@@ -145,7 +145,7 @@ TEST(ResultList, EmptyAndCleared) {
 TEST(Summary, Texts) {
   const LengthRange any;
   const struct {
-    int64_t count;
+    size_t count;
     const char* noun;
     LengthRange range;
     const char *status, *log;
@@ -164,8 +164,9 @@ TEST(Summary, Texts) {
        "3 words found using pattern 'a*'  (of 3 to 5 letters in length)"},
   };
   for (const auto& [count, noun, range, status, log] : cases) {
-    EXPECT_EQ(SummaryStatus(count, noun, range), status);
-    EXPECT_EQ(SummaryLog(count, noun, "a*", range), log);
+    const Search search{"a*", WordType::WordList, noun, range, {}};
+    EXPECT_EQ(SummaryStatus(count, search), status);
+    EXPECT_EQ(SummaryLog(count, search), log);
   }
   const std::pair<int64_t, const char*> times[] = {
       {0, "Time = 0.00s"},    {4, "Time = 0.00s"},    {5, "Time = 0.01s"},     {94, "Time = 0.09s"},
@@ -205,12 +206,11 @@ TEST(ResultsFile, Bytes) {
     SCOPED_TRACE(head);
     ResultList list;
     Fill(list, lexicon, numbers[count], false);
-    EXPECT_FALSE(WriteResultsFile(path, {count, noun, typed, lists}, list.FoundWords()));
+    EXPECT_FALSE(WriteResultsFile(path, {typed, {}, noun, {}, lists}, list, SortOrder::Alphabetic));
     const std::string one = "\r\n--- START OF LIST ---\r\ndog\r\n--- END OF LIST ---\r\n";
     EXPECT_EQ(ReadFile(path), head + (count == 3 ? body : count == 1 ? one : ""));
   }
-  EXPECT_EQ(WritingStatus(1, "word"), "Writing 1 word to file ...");
-  EXPECT_EQ(WritingStatus(0, "full anagram"), "Writing 0 full anagrams to file ...");
+  EXPECT_EQ(WritingStatus(0, {"", {}, "full anagram", {}, {}}), "Writing 0 full anagrams to file ...");
 }
 
 TEST(ResultsFile, FollowsOrderAndCase) {
@@ -235,10 +235,9 @@ TEST(ResultsFile, FollowsOrderAndCase) {
     ResultList list;
     Fill(list, lexicon, {1, 2, 3, 4}, upperAtSearch);
     list.Sort(order, upperAtSort);
-    const WordSequence words = order == SortOrder::Alphabetic ? list.FoundWords() : list.FoundWordsCopy();
-    EXPECT_FALSE(WriteResultsAsLexicon(path, words));
+    EXPECT_FALSE(WriteResultsAsLexicon(path, list, order));
     EXPECT_EQ(ReadFile(path), Lines(written));
-    EXPECT_EQ(WordsOf(words), written);
+    EXPECT_EQ(WordsOf(list.WordsIn(order)), written);
   }
 }
 
@@ -261,7 +260,7 @@ TEST(ResultsFile, ManyWordsMakeALexiconAgain) {
   Fill(list, lexicon, odd, false);
   const TemporaryDirectory directory;
   const std::string path = directory.File("new.lex");
-  ASSERT_FALSE(WriteResultsAsLexicon(path, list.FoundWords()));
+  ASSERT_FALSE(WriteResultsAsLexicon(path, list, SortOrder::Alphabetic));
   const LoadResult loaded = LoadLexicon(path);
   ASSERT_EQ(loaded.outcome, LoadOutcome::Ok);
   ASSERT_EQ(loaded.count, static_cast<int32_t>(expected.size()));

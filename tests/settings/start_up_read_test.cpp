@@ -26,7 +26,10 @@ class StartUpReadTest : public testing::Test, public StartUpSite {
     log.Open();
     return StartUpRead(dir.path(), store, log, *this).Run();
   }
-  void Apply(Setting setting, const std::string& value) override { applied[setting] = value; }
+  bool Apply(Setting setting, const std::string& value) override {
+    applied[setting] = value;
+    return true;
+  }
   void ShowBox(const std::string& title, const std::string& text, bool critical) override {
     boxes.push_back(title + (critical ? "!" : ":") + text);
   }

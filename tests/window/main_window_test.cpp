@@ -164,18 +164,18 @@ TEST_F(MainWindowTest, WindowsOfHelp) {
     }
     return both;
   };
-  door.scripts = {
-      [&](QDialog& dialog) {
-        EXPECT_EQ(rows(dialog, "lblLet1", "lblCnt1")["A"] + rows(dialog, "lblLet2", "lblCnt2")["T"], "43");
-      },
-      [&](QDialog& dialog) {
-        EXPECT_EQ(rows(dialog, "lblLet1", "lblCnt1")["4"] + rows(dialog, "lblLet2", "lblCnt2")["26+"], "30");
-      },
-      [&](QDialog& dialog) { EXPECT_EQ(rows(dialog, "lblWildList", "lblWildDesc")["@"], "any vowel"); },
-      [](QDialog& dialog) {
-        const QString text = In<QTextEdit>(dialog, "helpText")->toPlainText();
-        EXPECT_TRUE(text.contains("@\nany vowel\n")) << ToText(text);
-      }};
+  door.scripts = {[&](QDialog& dialog) {
+                    EXPECT_EQ(rows(dialog, "lblLet1", "lblCnt1")["A"] + rows(dialog, "lblLet2", "lblCnt2")["T"], "43");
+                  },
+                  [&](QDialog& dialog) {
+                    EXPECT_EQ(rows(dialog, "lblLet1", "lblCnt1")["4"] + rows(dialog, "lblLet2", "lblCnt2")["26+"],
+                              "30");
+                  },
+                  [&](QDialog& dialog) { EXPECT_EQ(rows(dialog, "lblWildList", "lblWildDesc")["@"], "any vowel"); },
+                  [](QDialog& dialog) {
+                    const QString text = In<QTextEdit>(dialog, "helpText")->toPlainText();
+                    EXPECT_TRUE(text.contains("@\nany vowel\n")) << ToText(text);
+                  }};
   for (const char* item : {"menHelpByLetter", "menHelpByLength", "menWildcardSumm", "menHelpHelp"}) {
     Item(item)->trigger();
   }

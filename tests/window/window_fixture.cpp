@@ -105,7 +105,7 @@ bool WindowTest::Start() {
   services->screenCapacity = screenCapacity;
   window = std::make_unique<MainWindow>(*services);
   window->show();
-  const bool ready = StartUp(*window, *services).Run();
+  const bool ready = window->Start();
   window->ResizeToContents();
   window->activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));

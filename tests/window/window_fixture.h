@@ -38,7 +38,6 @@
 
 #include "app/main_window.h"
 #include "app/services.h"
-#include "app/start/start_up.h"
 #include "base/version.h"
 #include "base/window/qt_text.h"
 #include "settings/window/ini_store.h"
