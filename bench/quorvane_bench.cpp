@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
   for (const auto& searched : quorvane::kCases) {
     benchmark::RegisterBenchmark((std::string("Search/") + searched.name).c_str(), [&searched](
                                                                                        benchmark::State& state) {
-      quorvane::Search(state, searched);
+      quorvane::FindWords(state, searched);
     })->Unit(benchmark::kMillisecond);
   }
   benchmark::Initialize(&argc, argv);
