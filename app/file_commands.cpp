@@ -111,7 +111,7 @@ bool Commands::CanSave() const {
 
 ResultsFileHeader Commands::Header() const {
   const Session& session = window_.session;
-  return {window_.results->Results().FoundCount(), session.input.noun, window_.pattern->Text(), session.lists};
+  return {window_.results->Results().FoundCount(), session.input.controls.noun, window_.pattern->Text(), session.lists};
 }
 
 WordSequence Commands::WordsInOrder() const {

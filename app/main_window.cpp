@@ -233,8 +233,8 @@ void MainWindow::EndProgress() {
 }
 
 void MainWindow::ShowInput() {
-  const InputState& input = session.input;
-  pattern->ShowState(input);
+  const InputControls& input = session.input.controls;
+  pattern->ShowState(session.input);
   Item("menWordTypePalindrome")->setEnabled(input.palindrome);
   Item("menWordTypeAnagram")->setEnabled(input.anagrams);
   Item("menWordTypeAnagramExact")->setEnabled(input.anagrams);
@@ -248,7 +248,7 @@ void MainWindow::ShowInput() {
 void MainWindow::UpdateResultCommands() {
   const auto found = static_cast<int64_t>(results->Results().FoundCount());
   Item("menFileSaveData")->setEnabled(found > 0);
-  Item("menSaveAsLex")->setEnabled(found > 0 && session.saveAsLexiconAllowed && session.input.saveAsLexicon);
+  Item("menSaveAsLex")->setEnabled(found > 0 && session.saveAsLexiconAllowed && session.input.controls.saveAsLexicon);
   const bool printable =
       results->Results().EntryCount() > 0 && found <= kMostPrintable && session.printerName != "(undefined)";
   Item("menFilePrint")->setEnabled(printable);

@@ -64,24 +64,25 @@ void Commands::CheckInput() {
   session.input.text = typed;
   session.input.caret = window_.pattern->Caret();
   session.lists = StoredLists(services_.settings);
-  const InputMessages messages = quorvane::CheckInput(session.input, session.lists);
-  if (messages.error) {
+  const InputAnswer answer = quorvane::CheckInput(session.input, session.lists);
+  if (answer.error) {
     services_.log.Write(event::kInputError, "Error 5 in Pattern input " + typed);
     services_.door.Show(&window_, "Error 5 (Invalid procedure call) in Pattern Input: " + typed);
     return;
   }
+  session.input = {answer.text, answer.caret, answer.controls};
   window_.ShowInput();
-  for (const std::string& text : messages.logTexts) {
+  for (const std::string& text : answer.logTexts) {
     services_.log.Write(event::kInputError, text);
   }
-  if (!messages.statusTexts.empty()) {
-    window_.ShowStatus(messages.LastStatus());
+  if (!answer.statusTexts.empty()) {
+    window_.ShowStatus(answer.LastStatus());
   }
-  BeepTimes(services_.door, messages.beeps);
+  BeepTimes(services_.door, answer.beeps);
 }
 
 void Commands::SelectMode(WordType type) {
-  SelectWordType(window_.session.input, type);
+  SelectWordType(window_.session.input.controls, type);
   window_.session.input.caret = window_.pattern->Caret();
   window_.ShowInput();
 }
@@ -113,11 +114,11 @@ void Commands::FindWords() {
   window_.results->ClearPosition();
   session.scanActive = true;
   const std::string typed = window_.pattern->Text();
-  const PreparedPattern prepared = PreparePattern(typed, session.input.selected);
-  if (prepared.Refused()) {
-    services_.door.Show(&window_, prepared.boxText);
-    window_.ShowStatus(prepared.statusText);
-  } else if (!prepared.pattern.empty()) {
+  const PreparedPattern prepared = PreparePattern(typed, session.input.controls.selected);
+  if (prepared.refusal) {
+    services_.door.Show(&window_, prepared.refusal->boxText);
+    window_.ShowStatus(prepared.refusal->statusText);
+  } else if (!prepared.Empty()) {
     PrepareAndScan(typed);
   }
   window_.EndProgress();
@@ -127,11 +128,11 @@ void Commands::FindWords() {
   }
   session.scanActive = false;
   ShowTime(watch);
-  if (!prepared.Refused() && window_.sort->Order() != SortOrder::Alphabetic) {
+  if (!prepared.refusal && window_.sort->Order() != SortOrder::Alphabetic) {
     Sort(window_.sort->Order());
   }
-  if (prepared.pattern.empty()) {
-    window_.ShowStatus(std::string(FactsOf(session.input.selected).prompt));
+  if (prepared.Empty()) {
+    window_.ShowStatus(std::string(FactsOf(session.input.controls.selected).prompt));
   }
   window_.UpdateResultCommands();
 }
@@ -141,15 +142,14 @@ void Commands::PrepareAndScan(const std::string& typed) {
   const Hourglass hourglass;
   window_.ShowStatus(std::string(kLookingUp));
   ScanRequest request;
-  request.prepared = PreparePattern(typed, session.input.selected);
+  request.prepared = PreparePattern(typed, session.input.controls.selected);
   request.lists = session.lists;
   const LengthRange range = Range();
   if (!range.any) {
     request.minLength = range.min;
     request.maxLength = range.max;
   }
-  request.palindromes = session.input.selected == WordType::Palindrome;
-  request.randomCount = session.input.randomCount;
+  request.palindromes = session.input.controls.selected == WordType::Palindrome;
   ProgressView progress(window_);
   ScanOutcome outcome;
   window_.results->ChangeResults([&](ResultList& results) {
@@ -159,7 +159,7 @@ void Commands::PrepareAndScan(const std::string& typed) {
   });
   session.listTruncated = outcome.truncated;
   session.saveAsLexiconAllowed = !typed.starts_with('~');
-  session.input.saveAsLexicon = session.saveAsLexiconAllowed;
+  session.input.controls.saveAsLexicon = session.saveAsLexiconAllowed;
   window_.UpdateResultCommands();
   ReportScan(outcome);
   window_.setWindowTitle(window_.Title());
@@ -192,7 +192,7 @@ void Commands::ShowTime(const CStopWatch& watch) {
 
 void Commands::ShowSummary() {
   const auto count = static_cast<int64_t>(window_.results->Results().FoundCount());
-  const std::string& noun = window_.session.input.noun;
+  const std::string& noun = window_.session.input.controls.noun;
   const std::string summary = SummaryStatus(count, noun, Range());
   window_.ShowStatus(summary);
   services_.log.Write(event::kWords, SummaryLog(count, noun, window_.pattern->Text(), Range()));

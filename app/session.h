@@ -18,7 +18,7 @@ struct Session {
   std::string lexiconPath;
   bool lexiconIsDefault = false;
 
-  InputState input;
+  InputQuestion input;   // As the last check left it.
   CharacterLists lists;  // As stored.
   bool scanActive = false;
   bool listTruncated = false;  // Left by the last scan.

@@ -63,7 +63,7 @@ void Load(benchmark::State& state) {
 }
 BENCHMARK(Load)->Unit(benchmark::kMillisecond);
 
-void Search(benchmark::State& state, const Case& searched) {
+void RunSearch(benchmark::State& state, const Case& searched) {
   const auto lexicon = TheLexicon();
   if (lexicon == nullptr) {
     state.SkipWithError("no lexicon: set QUORVANE_BENCH_LEXICON");
@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
   for (const auto& searched : quorvane::kCases) {
     benchmark::RegisterBenchmark((std::string("Search/") + searched.name).c_str(), [&searched](
                                                                                        benchmark::State& state) {
-      quorvane::Search(state, searched);
+      quorvane::RunSearch(state, searched);
     })->Unit(benchmark::kMillisecond);
   }
   benchmark::Initialize(&argc, argv);

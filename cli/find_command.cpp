@@ -39,7 +39,6 @@ struct ReadPattern {
   std::string kept;
   PreparedPattern prepared;
   std::string noun;
-  int randomCount = 1;
 };
 
 ReadPattern Read(const std::string& typed, const SearchArguments& arguments) {
@@ -48,28 +47,25 @@ ReadPattern Read(const std::string& typed, const SearchArguments& arguments) {
     read.refusal = FactsOf(arguments.type).prompt;
     return read;
   }
-  InputState state;
-  SelectWordType(state, arguments.type);
-  state.text = typed;
-  state.caret = typed.size();
-  const InputMessages messages = CheckInput(state, arguments.lists);
-  read.kept = state.text;
-  if (state.selected != arguments.type) {
+  InputQuestion question{typed, typed.size(), {}};
+  SelectWordType(question.controls, arguments.type);
+  const InputAnswer answer = CheckInput(question, arguments.lists);
+  read.kept = answer.text;
+  if (answer.controls.selected != arguments.type) {
     const std::string moved =
         "'" + typed + "' can't be searched with --type " + std::string(FactsOf(arguments.type).option);
-    read.refusal = messages.beeps > 0 ? messages.LastStatus() + " (" + moved + ")" : moved;
-  } else if (messages.beeps > 0 || !state.canSearch) {
-    read.refusal = messages.LastStatus();
-  } else if (state.text.empty()) {
+    read.refusal = answer.beeps > 0 ? answer.LastStatus() + " (" + moved + ")" : moved;
+  } else if (answer.beeps > 0 || !answer.controls.canSearch) {
+    read.refusal = answer.LastStatus();
+  } else if (answer.text.empty()) {
     read.refusal = FactsOf(arguments.type).prompt;
   } else {
-    read.prepared = PreparePattern(state.text, arguments.type);
-    if (read.prepared.Refused()) {
-      read.refusal = read.prepared.statusText;
+    read.prepared = PreparePattern(answer.text, arguments.type);
+    if (read.prepared.refusal) {
+      read.refusal = read.prepared.refusal->statusText;
     }
   }
-  read.noun = state.noun;
-  read.randomCount = state.randomCount;
+  read.noun = answer.controls.noun;
   return read;
 }
 
@@ -132,18 +128,14 @@ class FindRun {
     if (read.refusal) {
       return Refuse(typed, *read.refusal);
     }
-    if (read.prepared.Random() && !arguments_.saveLexicon.empty()) {
+    if (read.prepared.randomCount && !arguments_.saveLexicon.empty()) {
       return Refuse(typed, "random words can't be saved as a lexicon");
     }
     if (read.kept != typed) {
       Note("pattern '" + typed + "' was read as '" + read.kept + "'");
     }
-    ScanRequest request{read.prepared,
-                        arguments_.search.lists,
-                        kAnyMinLength,
-                        kAnyMaxLength,
-                        arguments_.search.type == WordType::Palindrome,
-                        read.randomCount};
+    ScanRequest request{read.prepared, arguments_.search.lists, kAnyMinLength, kAnyMaxLength,
+                        arguments_.search.type == WordType::Palindrome};
     if (!arguments_.range.any) {
       request.minLength = arguments_.range.min;
       request.maxLength = arguments_.range.max;
@@ -190,7 +182,7 @@ class FindRun {
     if (arguments_.json) {
       JsonObject object;
       object.Text("pattern", typed)
-          .Text("prepared", read.prepared.pattern)
+          .Text("prepared", read.prepared.text)
           .Number("kind", static_cast<int>(read.prepared.kind))
           .Number("count", static_cast<int64_t>(words.numbers.size()))
           .Text("status", summary)

@@ -13,16 +13,40 @@
 #include "cli/find_command.h"
 #include "cli/lexicon_commands.h"
 #include "cli/output.h"
+#include "search/wildcards.h"
 
 namespace quorvane::cli {
 namespace {
 
-constexpr const char* kPatternFooter =
-    "Pattern characters: ? or - any character, * any number of them (at most two), @ vowel, $ consonant,\n"
-    "' ascender, , descender, : neither, 1 2 3 repeated characters, # ! = the lists of --include,\n"
-    "--exclude and --rack; ~N random words, %Nxx> letter sequences, ;xx letters in order (;xx~ in any).";
+constexpr size_t kFooterWidth = 100;
 constexpr const char* kStatusFooter =
     "Exit status: 0 words were found, 1 none, 2 the pattern was refused or something failed.";
+
+// Breaks the lines of a text at blanks.
+std::string Wrapped(std::string_view text) {
+  std::string lines;
+  while (text.size() > kFooterWidth) {
+    const size_t end = text.rfind(' ', kFooterWidth);
+    lines += std::string(text.substr(0, end)) + "\n";
+    text.remove_prefix(end + 1);
+  }
+  return lines + std::string(text);
+}
+
+// What the pattern characters are, all of them.
+std::string PatternFooter() {
+  std::string text;
+  bool modes = false;
+  for (const Wildcard& wildcard : Wildcards()) {
+    if (wildcard.brief.empty()) {
+      continue;
+    }
+    const bool firstMode = !modes && !wildcard.InPlainPattern();
+    modes = modes || firstMode;
+    text += (text.empty() ? "Pattern characters: " : firstMode ? "; " : ", ") + std::string(wildcard.brief);
+  }
+  return Wrapped(text + ".");
+}
 
 void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   command->add_option("PATTERN", arguments.pattern, "The pattern, as typed into the window")->required();
@@ -63,7 +87,7 @@ int Run(int argc, const char* const* argv) {
   CLI::App* findCommand = app.add_subcommand("find",
                                              "List every word that fits, one a line (PATTERN -: each line of "
                                              "standard input)");
-  findCommand->footer(std::string(kPatternFooter) + "\n" + kStatusFooter);
+  findCommand->footer(PatternFooter() + "\n" + kStatusFooter);
   AddSearchOptions(findCommand, find.search);
   findCommand->add_option("--lexicon", find.lexicon, "Lexicon file (default: words.lex of the program's directory)");
   findCommand->add_option("--data-dir", find.dataDir, "The program's directory");
@@ -86,7 +110,7 @@ int Run(int argc, const char* const* argv) {
   CLI::App* explainCommand =
       app.add_subcommand("explain", "Print what the input check and the preparation make of a pattern, as JSON");
   AddSearchOptions(explainCommand, explain);
-  explainCommand->footer(kPatternFooter);
+  explainCommand->footer(PatternFooter());
   explainCommand->add_flag("--paste", paste, "Take the pattern at once instead of character by character");
 
   std::string statsLexicon;

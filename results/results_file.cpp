@@ -5,7 +5,7 @@
 
 #include "base/text.h"
 #include "results/summary.h"
-#include "search/match.h"
+#include "search/pattern.h"
 
 namespace quorvane {
 namespace {

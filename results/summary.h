@@ -5,14 +5,9 @@
 #include <string>
 #include <string_view>
 
-namespace quorvane {
+#include "search/search.h"
 
-// The length range of the search; `any` when no range is chosen.
-struct LengthRange {
-  bool any = true;
-  int min = 1;
-  int max = 8;
-};
+namespace quorvane {
 
 // "12 words": the count and the noun, with its plural s.
 std::string CountedNoun(int64_t count, std::string_view noun);

@@ -10,9 +10,20 @@ namespace quorvane {
 enum class ListKind { Include, Exclude, Scrabble };
 inline constexpr std::array kListKinds = {ListKind::Include, ListKind::Exclude, ListKind::Scrabble};
 
+// The three lists as stored, letter case and all.
+struct CharacterLists {
+  std::string include;
+  std::string exclude;
+  std::string scrabble;
+
+  const std::string& Of(ListKind kind) const;
+  std::string& Of(ListKind kind);
+};
+
 // Everything that tells the three lists apart.
 struct ListFacts {
   ListKind kind;
+  std::string CharacterLists::*list;
   char wildcard;
   std::string_view settingsKey;  // In the section "Selection".
   bool blankTiles;               // "?" and "-" are allowed beside letters.
@@ -38,15 +49,5 @@ std::string BracketForm(std::string_view list);
 // The text without the characters that the list does not allow and, for lists without repeats, without later
 // occurrences of a character (case counts: "aA" holds no repeat).
 std::string CleanList(ListKind kind, std::string_view typed);
-
-// The three lists as stored, letter case and all.
-struct CharacterLists {
-  std::string include;
-  std::string exclude;
-  std::string scrabble;
-
-  const std::string& Of(ListKind kind) const;
-  std::string& Of(ListKind kind);
-};
 
 }  // namespace quorvane

@@ -25,7 +25,6 @@ namespace {
 
 constexpr int kListRegionTwips = 3540;
 constexpr int kLiteratiListRegionTwips = 8900;
-constexpr const char* kReadyText = "Please enter a word selection.";
 
 }  // namespace
 
@@ -51,7 +50,7 @@ bool StartUp::Run() {
   LogStart();
   FillFontTable();
   RestoreInput();
-  window_.ShowStatus(kReadyText, true);
+  window_.ShowStatus(std::string(kWordPrompt), true);
   return true;
 }
 
@@ -106,7 +105,7 @@ void StartUp::FillFontTable() {
 }
 
 void StartUp::RestoreInput() {
-  window_.session.input = InputState();
+  window_.session.input = InputQuestion();
   window_.ShowInput();
   for (const ListKind kind : kListKinds) {
     window_.ShowListCaption(kind, true);

@@ -100,7 +100,8 @@ size_t PatternPanel::Caret() const {
   return static_cast<size_t>(tbInput_->cursorPosition());
 }
 
-void PatternPanel::ShowState(const InputState& state) {
+void PatternPanel::ShowState(const InputQuestion& state) {
+  const InputControls& controls = state.controls;
   const QString text = FromBytes(state.text);
   const QSignalBlocker quiet(tbInput_);
   if (tbInput_->text() != text) {
@@ -109,13 +110,13 @@ void PatternPanel::ShowState(const InputState& state) {
   if (tbInput_->cursorPosition() != static_cast<int>(state.caret)) {
     tbInput_->setCursorPosition(static_cast<int>(state.caret));
   }
-  lblNumLetters_->setText(FromBytes(state.letters));
-  btnFindWords_->setEnabled(state.canSearch);
-  btnFindWords_->setText(FromText(FactsOf(state.selected).searchCaption));
-  modes_[WordType::Palindrome]->setEnabled(state.palindrome);
-  modes_[WordType::Anagram]->setEnabled(state.anagrams);
-  modes_[WordType::AnagramExact]->setEnabled(state.anagrams);
-  modes_[state.selected]->setChecked(true);
+  lblNumLetters_->setText(FromBytes(controls.letters));
+  btnFindWords_->setEnabled(controls.canSearch);
+  btnFindWords_->setText(FromText(FactsOf(controls.selected).searchCaption));
+  modes_[WordType::Palindrome]->setEnabled(controls.palindrome);
+  modes_[WordType::Anagram]->setEnabled(controls.anagrams);
+  modes_[WordType::AnagramExact]->setEnabled(controls.anagrams);
+  modes_[controls.selected]->setChecked(true);
 }
 
 bool PatternPanel::ModeEnabled(WordType type) const {

@@ -22,7 +22,7 @@ class PatternPanel : public QWidget {
   std::string Text() const;
   size_t Caret() const;
   // Shows what a check of the text left: text, caret, mode, and what is allowed.
-  void ShowState(const InputState& state);
+  void ShowState(const InputQuestion& state);
   bool ModeEnabled(WordType type) const;
   void FocusPattern();
 
