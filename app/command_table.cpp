@@ -94,27 +94,21 @@ constexpr std::array kLists = {
     List(ListKind::Scrabble, "menScrabbleChars", "&Scrabble", 4),
 };
 
-constexpr CommandRow Mode(WordType type, std::string_view name, std::string_view caption, int key,
-                          bool (*enabled)(const CommandState&) = nullptr, bool keyActsAlways = false) {
-  return {
-      Command::ChooseMode,
-      Menu::WordType,
-      name,
-      caption,
-      [](const Controllers& c, int which) { c.search.SelectMode(static_cast<WordType>(which)); },
-      static_cast<int>(type),
-      key,
-      enabled,
-      [](const CommandState& state, int which) { return state.session.input.selected == static_cast<WordType>(which); },
-      keyActsAlways};
+CommandRow ModeItem(const WordTypeFacts& mode) {
+  return {.command = Command::ChooseMode,
+          .menu = Menu::WordType,
+          .name = mode.menuItem,
+          .caption = mode.menuCaption,
+          .run = [](const Controllers& c, int which) { c.search.SelectMode(static_cast<WordType>(which)); },
+          .which = static_cast<int>(mode.type),
+          .functionKey = mode.functionKey,
+          .enabled = IsAnagram(mode.type)                ? AnagramsAllowed
+                     : mode.type == WordType::Palindrome ? PalindromesAllowed
+                                                         : nullptr,
+          .ticked = [](const CommandState& state,
+                       int which) { return state.session.input.selected == static_cast<WordType>(which); },
+          .keyActsAlways = mode.type == WordType::Palindrome};
 }
-
-constexpr std::array kModes = {
-    Mode(WordType::WordList, "menWordTypeWordList", "F9: &Word List", 9),
-    Mode(WordType::Palindrome, "menWordTypePalindrome", "F10: &Palindrome", 10, PalindromesAllowed, true),
-    Mode(WordType::Anagram, "menWordTypeAnagram", "F11: &Anagram (All words)", 11, AnagramsAllowed),
-    Mode(WordType::AnagramExact, "menWordTypeAnagramExact", "F12: Anagra&m (Exact length)", 12, AnagramsAllowed),
-};
 
 CommandRow OptionItem(const OptionRow& option) {
   return {.command = Command::ToggleOption,
@@ -172,7 +166,9 @@ std::vector<CommandRow> MakeRows() {
   const auto add = [&rows](const auto& more) { rows.insert(rows.end(), more.begin(), more.end()); };
   add(kFile);
   add(kLists);
-  add(kModes);
+  for (const WordTypeFacts& mode : WordTypes()) {
+    rows.push_back(ModeItem(mode));
+  }
   for (const OptionRow& option : Options()) {
     if (!option.item.empty()) {
       rows.push_back(OptionItem(option));

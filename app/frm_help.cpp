@@ -24,6 +24,9 @@ QString WildcardTable() {
   }
   QString details;
   for (const Wildcard& wildcard : Wildcards()) {
+    if (wildcard.statusText.empty()) {
+      continue;
+    }
     details += "<li>" + FromText(wildcard.statusText).toHtmlEscaped().trimmed() +
                (wildcard.statusText.ends_with(' ') ? " the list" : "") + "</li>";
   }

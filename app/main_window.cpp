@@ -252,8 +252,12 @@ void MainWindow::FocusPattern() {
   pattern_->FocusPattern();
 }
 
+void MainWindow::ShowText(const std::string& text, size_t caret) {
+  pattern_->ShowText(text, caret);
+}
+
 void MainWindow::ShowInput() {
-  pattern_->ShowState(session_.input);
+  pattern_->ShowControls(session_.input);
   UpdateCommands();
 }
 

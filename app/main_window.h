@@ -57,6 +57,7 @@ class MainWindow : public QMainWindow, private SearchView, private FileView, pri
   Search Asked() const override;
   size_t Caret() const override;
   void FocusPattern() override;
+  void ShowText(const std::string& text, size_t caret) override;
   void ShowInput() override;
   SortOrder Order() const override;
   bool UpperCase() const override;

@@ -58,27 +58,26 @@ void SearchController::CheckInput() {
   view_.ShowTimer("");
   view_.EnableLengthOrders();
   const Search asked = view_.Asked();
-  session_.input.text = asked.text;
-  session_.input.caret = view_.Caret();
-  const InputMessages messages = quorvane::CheckInput(session_.input, asked.lists);
-  if (messages.error) {
+  const InputAnswer answer = quorvane::CheckInput({asked.text, view_.Caret(), session_.input}, asked.lists);
+  if (answer.error) {
     services_.log.Write(event::kInputError, "Error 5 in Pattern input " + asked.text);
     services_.door.Show(view_.Window(), "Error 5 (Invalid procedure call) in Pattern Input: " + asked.text);
     return;
   }
+  session_.input = answer.controls;
+  view_.ShowText(answer.text, answer.caret);
   view_.ShowInput();
-  for (const std::string& text : messages.logTexts) {
+  for (const std::string& text : answer.logTexts) {
     services_.log.Write(event::kInputError, text);
   }
-  if (!messages.statusTexts.empty()) {
-    view_.ShowStatus(messages.LastStatus());
+  if (!answer.statusTexts.empty()) {
+    view_.ShowStatus(answer.LastStatus());
   }
-  BeepTimes(services_.door, messages.beeps);
+  BeepTimes(services_.door, answer.beeps);
 }
 
 void SearchController::SelectMode(WordType type) {
   SelectWordType(session_.input, type);
-  session_.input.caret = view_.Caret();
   view_.ShowInput();
 }
 
@@ -99,23 +98,23 @@ void SearchController::FindWords() {
   session_.scanActive = true;
   const SearchRun run(view_.Asked());
   const PreparedPattern& prepared = run.Prepared();
-  if (prepared.Refused()) {
-    services_.door.Show(view_.Window(), prepared.boxText);
-    view_.ShowStatus(prepared.statusText);
-  } else if (!run.NothingTyped()) {
+  if (prepared.refusal) {
+    services_.door.Show(view_.Window(), prepared.refusal->boxText);
+    view_.ShowStatus(prepared.refusal->statusText);
+  } else if (!prepared.Empty()) {
     Scan(run);
   }
   view_.EndProgress();
-  if (prepared.Random() && IsYes(GetSetting(services_.settings, Setting::RandomDisclaimer))) {
+  if (prepared.randomCount && IsYes(GetSetting(services_.settings, Setting::RandomDisclaimer))) {
     FrmRandomDisc notice(services_.settings, view_.Window());
     services_.door.Run(notice);
   }
   session_.scanActive = false;
   ShowTime(watch);
-  if (!prepared.Refused() && view_.Order() != SortOrder::Alphabetic) {
+  if (!prepared.refusal && view_.Order() != SortOrder::Alphabetic) {
     Sort(view_.Order());
   }
-  if (run.NothingTyped()) {
+  if (prepared.Empty()) {
     view_.ShowStatus(std::string(FactsOf(run.Asked().mode).prompt));
   }
   view_.UpdateCommands();
@@ -130,7 +129,7 @@ void SearchController::Scan(const SearchRun& run) {
     outcome =
         run.List(session_.lexicon, services_.random, {view_.UpperCase(), services_.screenCapacity}, results, &progress);
   });
-  session_.input.saveAsLexicon = !run.Prepared().Random();
+  session_.input.saveAsLexicon = !run.Prepared().randomCount;
   view_.UpdateCommands();
   ReportScan(outcome);
   view_.ShowCaption("");

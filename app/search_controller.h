@@ -18,7 +18,9 @@ class SearchView : public virtual View {
   virtual Search Asked() const = 0;
   virtual size_t Caret() const = 0;
   virtual void FocusPattern() = 0;
-  // Shows the state of the input check on every control that depends on it.
+  // Puts what a check left of the text into the box.
+  virtual void ShowText(const std::string& text, size_t caret) = 0;
+  // Shows the controls of the session's input as they are.
   virtual void ShowInput() = 0;
 
   virtual SortOrder Order() const = 0;

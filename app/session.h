@@ -16,7 +16,7 @@ enum class Option;
 
 struct Session {
   std::shared_ptr<const Lexicon> lexicon;
-  InputState input;
+  InputControls input;  // As the last check left them.
   bool scanActive = false;
   std::map<Option, bool> options;  // As applied; an option that is missing is off.
   std::string printerName{kUndefinedPrinter};

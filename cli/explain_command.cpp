@@ -7,18 +7,20 @@
 namespace quorvane::cli {
 
 int Explain(const SearchArguments& arguments, bool paste) {
-  InputState state;
-  SelectWordType(state, arguments.search.mode);
+  InputQuestion question;
+  SelectWordType(question.controls, arguments.search.mode);
+  InputAnswer answer;
   std::string status;
   int beeps = 0;
   // Puts a text where the caret is, as typing and pasting do.
   const auto insert = [&](std::string_view text) {
-    state.text.insert(state.caret, text);
-    state.caret += text.size();
-    const InputMessages messages = CheckInput(state, arguments.search.lists);
-    beeps += messages.beeps;
-    if (!messages.statusTexts.empty()) {
-      status = messages.LastStatus();
+    question.text.insert(question.caret, text);
+    question.caret += text.size();
+    answer = CheckInput(question, arguments.search.lists);
+    question = {answer.text, answer.caret, answer.controls};
+    beeps += answer.beeps;
+    if (!answer.statusTexts.empty()) {
+      status = answer.LastStatus();
     }
   };
   if (paste) {
@@ -28,20 +30,21 @@ int Explain(const SearchArguments& arguments, bool paste) {
       insert({&c, 1});
     }
   }
-  const PreparedPattern prepared = PreparePattern(state.text, state.selected);
+  const InputControls& controls = question.controls;
+  const PreparedPattern prepared = PreparePattern(question.text, controls.selected);
   Output output;
   output.Write(JsonObject()
-                   .Text("text", state.text)
-                   .Number("typing_kind", state.patternKind)
-                   .Text("noun", state.noun)
+                   .Text("text", question.text)
+                   .Number("typing_kind", answer.kind)
+                   .Text("noun", controls.noun)
                    .Text("status", status)
-                   .Text("letters", state.letters)
-                   .Flag("can_search", state.canSearch)
-                   .Flag("anagrams", state.anagrams)
-                   .Flag("palindrome", state.palindrome)
-                   .Flag("save_as_lexicon", state.saveAsLexicon)
+                   .Text("letters", controls.letters)
+                   .Flag("can_search", controls.canSearch)
+                   .Flag("anagrams", controls.anagrams)
+                   .Flag("palindrome", controls.palindrome)
+                   .Flag("save_as_lexicon", controls.saveAsLexicon)
                    .Number("beeps", beeps)
-                   .Text("prepared", prepared.pattern)
+                   .Text("prepared", prepared.refusal ? "***" : prepared.text)
                    .Number("kind", static_cast<int>(prepared.kind))
                    .Line());
   return output.Finish(kFound);

@@ -45,28 +45,26 @@ ReadPattern Read(const std::string& typed, const Search& asked) {
   if (typed.empty()) {
     return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
   }
-  InputState state;
-  SelectWordType(state, asked.mode);
-  state.text = typed;
-  state.caret = typed.size();
-  const InputMessages messages = CheckInput(state, asked.lists);
-  if (state.selected != asked.mode) {
+  InputControls controls;
+  SelectWordType(controls, asked.mode);
+  const InputAnswer answer = CheckInput({typed, typed.size(), controls}, asked.lists);
+  if (answer.controls.selected != asked.mode) {
     const std::string moved =
         "'" + typed + "' can't be searched with --type " + std::string(FactsOf(asked.mode).option);
-    return {messages.beeps > 0 ? messages.LastStatus() + " (" + moved + ")" : moved, std::nullopt};
+    return {answer.beeps > 0 ? answer.LastStatus() + " (" + moved + ")" : moved, std::nullopt};
   }
-  if (messages.beeps > 0 || !state.canSearch) {
-    return {messages.LastStatus(), std::nullopt};
+  if (answer.beeps > 0 || !answer.controls.canSearch) {
+    return {answer.LastStatus(), std::nullopt};
   }
-  if (state.text.empty()) {
+  if (answer.text.empty()) {
     return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
   }
   Search search = asked;
-  search.text = state.text;
-  search.noun = state.noun;
+  search.text = answer.text;
+  search.noun = answer.controls.noun;
   SearchRun run(search);
-  if (run.Prepared().Refused()) {
-    return {run.Prepared().statusText, std::nullopt};
+  if (run.Prepared().refusal) {
+    return {run.Prepared().refusal->statusText, std::nullopt};
   }
   return {std::nullopt, std::move(run)};
 }
@@ -131,7 +129,7 @@ class FindRun {
       return Refuse(typed, *refusal);
     }
     const Search& search = run->Asked();
-    if (run->Prepared().Random() && !arguments_.saveLexicon.empty()) {
+    if (run->Prepared().randomCount && !arguments_.saveLexicon.empty()) {
       return Refuse(typed, "random words can't be saved as a lexicon");
     }
     if (search.text != typed) {
@@ -171,7 +169,7 @@ class FindRun {
     if (arguments_.json) {
       JsonObject object;
       object.Text("pattern", typed)
-          .Text("prepared", prepared.pattern)
+          .Text("prepared", prepared.text)
           .Number("kind", static_cast<int>(prepared.kind))
           .Number("count", static_cast<int64_t>(words.numbers.size()))
           .Text("status", summary)

@@ -15,16 +15,40 @@
 #include "cli/find_command.h"
 #include "cli/lexicon_commands.h"
 #include "cli/output.h"
+#include "search/wildcards.h"
 
 namespace quorvane::cli {
 namespace {
 
-constexpr const char* kPatternFooter =
-    "Pattern characters: ? or - any character, * any number of them (at most two), @ vowel, $ consonant,\n"
-    "' ascender, , descender, : neither, 1 2 3 repeated characters, # ! = the lists of --include,\n"
-    "--exclude and --rack; ~N random words, %Nxx> letter sequences, ;xx letters in order (;xx~ in any).";
+constexpr size_t kFooterWidth = 100;
 constexpr const char* kStatusFooter =
     "Exit status: 0 words were found, 1 none, 2 the pattern was refused or something failed.";
+
+// Breaks the lines of a text at blanks.
+std::string Wrapped(std::string_view text) {
+  std::string lines;
+  while (text.size() > kFooterWidth) {
+    const size_t end = text.rfind(' ', kFooterWidth);
+    lines += std::string(text.substr(0, end)) + "\n";
+    text.remove_prefix(end + 1);
+  }
+  return lines + std::string(text);
+}
+
+// What the pattern characters are, all of them.
+std::string PatternFooter() {
+  std::string text;
+  bool modes = false;
+  for (const Wildcard& wildcard : Wildcards()) {
+    if (wildcard.brief.empty()) {
+      continue;
+    }
+    const bool firstMode = !modes && !wildcard.InPlainPattern();
+    modes = modes || firstMode;
+    text += (text.empty() ? "Pattern characters: " : firstMode ? "; " : ", ") + std::string(wildcard.brief);
+  }
+  return Wrapped(text + ".");
+}
 
 // A command with its parser; `run` keeps what the parser fills, and gives the exit status.
 struct CommandLine {
@@ -61,7 +85,7 @@ CommandLine AddFind(CLI::App& app) {
   CLI::App* command = app.add_subcommand("find",
                                          "List every word that fits, one a line (PATTERN -: each line of "
                                          "standard input)");
-  command->footer(std::string(kPatternFooter) + "\n" + kStatusFooter);
+  command->footer(PatternFooter() + "\n" + kStatusFooter);
   AddSearchOptions(command, find->asked);
   command->add_option("--lexicon", find->lexicon, "Lexicon file (default: words.lex of the program's directory)")
       ->check(NotEmpty());
@@ -87,7 +111,7 @@ CommandLine AddExplain(CLI::App& app) {
   CLI::App* command =
       app.add_subcommand("explain", "Print what the input check and the preparation make of a pattern, as JSON");
   AddSearchOptions(command, options->asked);
-  command->footer(kPatternFooter);
+  command->footer(PatternFooter());
   command->add_flag("--paste", options->paste, "Take the pattern at once instead of character by character");
   return {command, [options] { return Settled(options->asked) ? Explain(options->asked, options->paste) : kFailed; }};
 }

@@ -1,7 +1,5 @@
 #include "results/search_run.h"
 
-#include "base/text.h"
-
 namespace quorvane {
 
 ScanOutcome SearchRun::List(std::shared_ptr<const Lexicon> lexicon, RandomSource& random, const ListSettings& settings,
@@ -13,7 +11,6 @@ ScanOutcome SearchRun::List(std::shared_ptr<const Lexicon> lexicon, RandomSource
     request.minLength = search_.lengths.min;
     request.maxLength = search_.lengths.max;
   }
-  ParseInteger(std::string_view(search_.text).substr(search_.text.empty() ? 0 : 1), request.randomCount);
   request.palindromes = search_.mode == WordType::Palindrome;
   const bool wasTruncated = results.LastScanTruncated();
   ScanOutcome outcome =

@@ -1,7 +1,7 @@
 #include "results/summary.h"
 
 #include "base/text.h"
-#include "search/match.h"
+#include "search/pattern.h"
 
 namespace quorvane {
 namespace {

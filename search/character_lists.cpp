@@ -1,21 +1,26 @@
 #include "search/character_lists.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace quorvane {
 namespace {
 
 constexpr std::array kFacts = {
-    ListFacts{ListKind::Include, '#', "SelectedChars", false, false, false, "Inclusion",
+    ListFacts{ListKind::Include, &CharacterLists::include, '#', "SelectedChars", false, false, false, "Inclusion",
               "F2: &Include chars for # ... currently ", "SEL-UPD", "Updated Inc #[", " # stands for ",
               "# : any of      "},
-    ListFacts{ListKind::Exclude, '!', "ExcludedChars", false, false, true, "Exclusion",
+    ListFacts{ListKind::Exclude, &CharacterLists::exclude, '!', "ExcludedChars", false, false, true, "Exclusion",
               "F3: &Exclude chars for ! ... currently ", "EXC-UPD", "Updated Exc ![", " ! stands for ",
               "! : not any of "},
-    ListFacts{ListKind::Scrabble, '=', "ScrabbleChars", true, true, true, "Scrabble",
+    ListFacts{ListKind::Scrabble, &CharacterLists::scrabble, '=', "ScrabbleChars", true, true, true, "Scrabble",
               "F4: &Scrabble chars for = ... currently ", "SCR-UPD", "Updated Scr =[", " = stands for ",
               "= : max 1 each of "},
 };
+
+static_assert(std::equal(kFacts.begin(), kFacts.end(), kListKinds.begin(), kListKinds.end(),
+                         [](const ListFacts& facts, ListKind kind) { return facts.kind == kind; }));
 
 constexpr std::string_view kWideScrabbleCaption = "F4: &Scrabble chars for =   ... currently ";
 
@@ -54,11 +59,11 @@ std::vector<ListKind> ListsNamedIn(std::string_view text) {
 }
 
 const std::string& CharacterLists::Of(ListKind kind) const {
-  return kind == ListKind::Include ? include : kind == ListKind::Exclude ? exclude : scrabble;
+  return this->*FactsOf(kind).list;
 }
 
 std::string& CharacterLists::Of(ListKind kind) {
-  return const_cast<std::string&>(static_cast<const CharacterLists&>(*this).Of(kind));
+  return this->*FactsOf(kind).list;
 }
 
 }  // namespace quorvane

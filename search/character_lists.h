@@ -11,9 +11,20 @@ namespace quorvane {
 enum class ListKind { Include, Exclude, Scrabble };
 inline constexpr std::array kListKinds = {ListKind::Include, ListKind::Exclude, ListKind::Scrabble};
 
+// The three lists as stored, letter case and all.
+struct CharacterLists {
+  std::string include;
+  std::string exclude;
+  std::string scrabble;
+
+  const std::string& Of(ListKind kind) const;
+  std::string& Of(ListKind kind);
+};
+
 // Everything that tells the three lists apart.
 struct ListFacts {
   ListKind kind;
+  std::string CharacterLists::*list;
   char wildcard;
   std::string_view settingsKey;  // In the section "Selection".
   bool blankTiles;               // "?" and "-" are allowed beside letters.
@@ -42,15 +53,5 @@ std::string CleanList(ListKind kind, std::string_view typed);
 
 // The lists whose wildcards occur in the text, in the order of the results file.
 std::vector<ListKind> ListsNamedIn(std::string_view text);
-
-// The three lists as stored, letter case and all.
-struct CharacterLists {
-  std::string include;
-  std::string exclude;
-  std::string scrabble;
-
-  const std::string& Of(ListKind kind) const;
-  std::string& Of(ListKind kind);
-};
 
 }  // namespace quorvane

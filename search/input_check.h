@@ -15,39 +15,44 @@
 namespace quorvane {
 
 inline constexpr int kBeepsOfRefusal = 4;
-inline constexpr std::string_view kNoSequenceNumber = "'%' allows selection on sequences - enter a number";
 
-// What the check reads and writes. A caller keeps one of these from change to change.
-struct InputState {
-  std::string text;
-  size_t caret = 0;  // 0 to the length of the text.
+// What the controls beside the pattern box show and allow. A text's mode sets only what it speaks of (a letter choice,
+// for one, leaves the letter count and what is allowed): the next check starts from what the last one left.
+struct InputControls {
   WordType selected = WordType::WordList;
-
-  int patternKind = 0;  // The asterisks of a plain pattern, or 11, 12, 13 of a special mode.
   std::string noun = "word";
   std::string letters;     // Text of the letter count.
   bool canSearch = true;   // The search button.
   bool anagrams = true;    // Both anagram buttons and their menu items.
   bool palindrome = true;  // The palindrome button and its menu item.
   bool saveAsLexicon = true;
-  int randomCount = 1;  // Of "~".
 };
 
-// What the check says, in the order said.
-struct InputMessages {
+struct InputQuestion {
+  std::string text;
+  size_t caret = 0;  // 0 to the length of the text.
+  InputControls controls;
+};
+
+struct InputAnswer {
+  std::string text;
+  size_t caret = 0;
+  InputControls controls;
+  int kind = 0;  // The asterisks of a plain pattern, or the PatternKind of a special mode.
+  // What is said, in the order said.
   std::vector<std::string> statusTexts;
   std::vector<std::string> logTexts;  // Entries of the code "INPERR".
   int beeps = 0;
-  std::optional<RunTimeError> error;  // 5 when the caret lies outside the text; the text is left as it is.
+  std::optional<RunTimeError> error;  // 5 when the caret lies outside the text; all else is as it was asked.
 
   std::string LastStatus() const { return statusTexts.empty() ? "" : statusTexts.back(); }
 };
 
-// Checks `state.text`. Each change that the check makes is checked again before it goes on, so that a refusal's text is
-// the last one. A clean text comes back as it is.
-InputMessages CheckInput(InputState& state, const CharacterLists& lists);
+// Checks a text. Each change that the check makes is checked again before it goes on, so that a refusal's text is the
+// last one. A clean text comes back as it is. Takes time in proportion to the text.
+InputAnswer CheckInput(InputQuestion question, const CharacterLists& lists);
 
 // Selects a mode as its button does. Typing may select the word list, too.
-void SelectWordType(InputState& state, WordType type);
+void SelectWordType(InputControls& controls, WordType type);
 
 }  // namespace quorvane

@@ -4,13 +4,6 @@
 #include "search/wildcards.h"
 
 namespace quorvane {
-namespace {
-
-bool Holds(std::string_view characters, char c) {
-  return characters.find(c) != std::string_view::npos;
-}
-
-}  // namespace
 
 Matcher::Matcher(const CharacterLists& lists)
     : includeClass_(BracketForm(lists.include)),
@@ -32,39 +25,42 @@ void Matcher::MatchChar(char patternCharacter, char wordCharacter) {
 }
 
 bool Matcher::Matches(char pc, char wc) {
-  if (pc >= '1' && pc <= '3') {
-    const int code = static_cast<unsigned char>(wc);
-    int& binding = digitBinding_[static_cast<size_t>(pc - '1')];
-    if (binding < 0) {
-      binding = code;
-    }
-    if (binding == code) {
-      return true;
-    }
+  const Wildcard* wildcard = FindWildcard(pc);
+  if (wildcard == nullptr) {
+    return pc == wc;
   }
-  if (pc == wc || pc == '?') {
+  if (wildcard->stands == Stands::SameCharacter && MatchesBinding(pc, wc)) {
     return true;
   }
-  switch (pc) {
-    case '@':
-      return Holds(kVowels, wc);
-    case '$':
-      return !Holds(kVowels, wc);
-    case '\'':
-      return Holds(kAscenders, wc);
-    case ',':
-      return Holds(kDescenders, wc);
-    case ':':
-      return Holds(kNeitherAscenderNorDescender, wc);
-    case '#':
-      return InClass(includeClass_, wc);
-    case '!':
-      return InClass(excludeClass_, wc);
-    case '=':
-      return UseTile(wc);
-    default:
-      return false;
+  if (pc == wc) {
+    return true;
   }
+  switch (wildcard->stands) {
+    case Stands::AnyCharacter:
+      return true;
+    case Stands::Letters:
+      return wildcard->MatchesLetterClass(wc);
+    case Stands::IncludeList:
+      return InClass(includeClass_, wc);
+    case Stands::ExcludeList:
+      return InClass(excludeClass_, wc);
+    case Stands::Tile:
+      return UseTile(wc);
+    case Stands::AnyNumber:
+    case Stands::SameCharacter:
+    case Stands::Mode:
+      break;
+  }
+  return false;
+}
+
+bool Matcher::MatchesBinding(char digit, char wc) {
+  const int code = static_cast<unsigned char>(wc);
+  int& binding = digitBinding_[static_cast<size_t>(digit - '1')];
+  if (binding < 0) {
+    binding = code;
+  }
+  return binding == code;
 }
 
 bool Matcher::UseTile(char wc) {
@@ -91,19 +87,14 @@ bool ContainsAll(std::string_view a, std::string_view b) {
   return result;
 }
 
-bool FindLettersInOrder(std::string_view word, std::string& letters) {
-  const bool anyOrder = letters.ends_with('~');
-  if (anyOrder) {
-    letters.pop_back();
-  }
+bool FindLetters(std::string_view word, std::string_view letters, bool anyOrder) {
   std::string work(word);
   size_t from = 0;
   bool result = true;
-  for (char& c : letters) {
+  for (const char c : letters) {
     const size_t at = work.find(c, anyOrder ? 0 : from);
     if (at != std::string::npos) {
       work[at] = '*';
-      c = '&';
       from = at;
     } else {
       result = false;
@@ -112,78 +103,31 @@ bool FindLettersInOrder(std::string_view word, std::string& letters) {
   return result;
 }
 
-SequenceParts SplitSequence(std::string_view pattern) {
-  SequenceParts parts;
-  parts.letters = pattern.size() > 2 ? pattern.substr(2) : "";
-  if (parts.letters.ends_with('>')) {
-    parts.letters.pop_back();
-    parts.orMore = true;
-  }
-  parts.numeric = pattern.size() > 1 && IsDigit(pattern[1]);
-  parts.times = parts.numeric ? pattern[1] - '0' : 0;
-  return parts;
-}
-
-WordTest::WordTest(std::string_view pattern, PatternKind kind, const CharacterLists& lists)
-    : pattern_(pattern), kind_(kind), matcher_(lists) {
-  const size_t first = pattern.find('*');
-  const size_t last = pattern.rfind('*');
-  switch (kind) {
-    case PatternKind::OneAsterisk:
-      before_ = first;
-      after_ = pattern.size() - first - 1;
-      break;
-    case PatternKind::TwoAsterisks:
-      before_ = first;
-      after_ = pattern.size() - last - 1;
-      middle_ = last - first - 1;
-      break;
-    case PatternKind::Contains:
-      middle_ = pattern.size() - 2;
-      break;
-    case PatternKind::AnagramExact:
-      sortedLetters_ = SortLetters(pattern);
-      break;
-    case PatternKind::Sequence: {
-      const SequenceParts parts = SplitSequence(pattern);
-      sequence_ = parts.letters;
-      times_ = static_cast<size_t>(parts.times);
-      orMore_ = parts.orMore;
-      break;
-    }
-    default:
-      break;
-  }
-}
+WordTest::WordTest(const PreparedPattern& prepared, const CharacterLists& lists)
+    : prepared_(prepared), matcher_(lists), sortedLetters_(SortLetters(prepared.letters)) {}
 
 bool WordTest::Accepts(std::string_view word) {
   matcher_.StartWord();
-  switch (kind_) {
+  const size_t ends = prepared_.prefix.size() + prepared_.suffix.size();
+  const size_t middle = prepared_.middle.size();
+  switch (prepared_.kind) {
     case PatternKind::NoAsterisk:
-      if (word.size() != pattern_.size()) {
-        return false;
-      }
-      for (size_t i = 0; i < word.size(); ++i) {
-        matcher_.MatchChar(pattern_[i], word[i]);
-      }
-      return matcher_.MatchFlag();
+      return word.size() == ends && AcceptsEnds(word);
     case PatternKind::OneAsterisk:
-      return word.size() >= before_ + after_ && AcceptsEnds(word);
+      return word.size() >= ends && AcceptsEnds(word);
     case PatternKind::Contains:
-      return word.size() >= middle_ && AcceptsMiddle(word, 0, word.size() - middle_, true);
+      return word.size() >= middle && AcceptsMiddle(word, 0, word.size() - middle, true);
     case PatternKind::TwoAsterisks:
-      return word.size() >= before_ + middle_ + after_ && AcceptsEnds(word) &&
-             AcceptsMiddle(word, before_, word.size() - after_ - middle_, false);
+      return word.size() >= ends + middle && AcceptsEnds(word) &&
+             AcceptsMiddle(word, prepared_.prefix.size(), word.size() - prepared_.suffix.size() - middle, false);
     case PatternKind::Anagram:
-      return !word.empty() && ContainsAll(word, pattern_);
+      return !word.empty() && ContainsAll(word, prepared_.letters);
     case PatternKind::AnagramExact:
-      return word.size() == pattern_.size() && SortLetters(word) == sortedLetters_;
+      return word.size() == sortedLetters_.size() && SortLetters(word) == sortedLetters_;
     case PatternKind::Sequence:
       return AcceptsSequence(word);
-    case PatternKind::LetterChoice: {
-      std::string letters = pattern_.substr(1);
-      return FindLettersInOrder(word, letters);
-    }
+    case PatternKind::LetterChoice:
+      return FindLetters(word, prepared_.letters, prepared_.anyOrder);
     case PatternKind::Random:
       break;
   }
@@ -191,11 +135,13 @@ bool WordTest::Accepts(std::string_view word) {
 }
 
 bool WordTest::AcceptsEnds(std::string_view word) {
-  for (size_t i = 0; i < before_; ++i) {
-    matcher_.MatchChar(pattern_[i], word[i]);
+  const std::string& prefix = prepared_.prefix;
+  const std::string& suffix = prepared_.suffix;
+  for (size_t i = 0; i < prefix.size(); ++i) {
+    matcher_.MatchChar(prefix[i], word[i]);
   }
-  for (size_t i = 0; i < after_; ++i) {
-    matcher_.MatchChar(pattern_[pattern_.size() - after_ + i], word[word.size() - after_ + i]);
+  for (size_t i = 0; i < suffix.size(); ++i) {
+    matcher_.MatchChar(suffix[i], word[word.size() - suffix.size() + i]);
   }
   return matcher_.MatchFlag();
 }
@@ -204,7 +150,7 @@ bool WordTest::AcceptsEnds(std::string_view word) {
 // with unbound digits, otherwise with the bindings that the ends of the pattern left.
 bool WordTest::AcceptsMiddle(std::string_view word, size_t firstStart, size_t lastStart, bool clearDigits) {
   const auto bindings = matcher_.DigitBindings();
-  const std::string_view middle = std::string_view(pattern_).substr(before_ + 1, middle_);
+  const std::string& middle = prepared_.middle;
   for (size_t start = firstStart; start <= lastStart; ++start) {
     if (clearDigits) {
       matcher_.ClearDigits();
@@ -223,13 +169,15 @@ bool WordTest::AcceptsMiddle(std::string_view word, size_t firstStart, size_t la
 }
 
 bool WordTest::AcceptsSequence(std::string_view word) const {
-  size_t found = 0;
-  if (!sequence_.empty()) {
-    for (size_t at = word.find(sequence_); at != std::string_view::npos; at = word.find(sequence_, at + 1)) {
+  const std::string& letters = prepared_.letters;
+  int found = 0;
+  if (!letters.empty()) {
+    for (size_t at = word.find(letters); at != std::string_view::npos; at = word.find(letters, at + 1)) {
       ++found;
     }
   }
-  return found == times_ || (orMore_ && found >= times_);
+  const int times = prepared_.times.value_or(0);
+  return found == times || (prepared_.orMore && found >= times);
 }
 
 }  // namespace quorvane

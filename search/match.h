@@ -32,6 +32,7 @@ class Matcher {
 
  private:
   bool Matches(char patternCharacter, char wordCharacter);
+  bool MatchesBinding(char digit, char wordCharacter);
   bool UseTile(char wordCharacter);
 
   std::string includeClass_;
@@ -45,14 +46,13 @@ class Matcher {
 // Whether every character of `a` can be paired with its own occurrence in `b`. A used character of `b` becomes "*".
 bool ContainsAll(std::string_view a, std::string_view b);
 
-// Whether `letters` occur in `word` in their order, or in any order when they end with "~". A used character of `word`
-// becomes "*". `letters` is used up: its "~" is removed and each found letter becomes "&".
-bool FindLettersInOrder(std::string_view word, std::string& letters);
+// Whether `letters` occur in `word` in their order, or in any order. A used character of `word` becomes "*".
+bool FindLetters(std::string_view word, std::string_view letters, bool anyOrder);
 
 // A prepared pattern against whole words, one by one: the test of each kind in terms of the operations above.
 class WordTest {
  public:
-  WordTest(std::string_view pattern, PatternKind kind, const CharacterLists& lists);
+  WordTest(const PreparedPattern& prepared, const CharacterLists& lists);
 
   // `word` in lower case.
   bool Accepts(std::string_view word);
@@ -62,25 +62,9 @@ class WordTest {
   bool AcceptsMiddle(std::string_view word, size_t firstStart, size_t lastStart, bool clearDigits);
   bool AcceptsSequence(std::string_view word) const;
 
-  std::string pattern_;
-  PatternKind kind_;
+  const PreparedPattern prepared_;
   Matcher matcher_;
-  size_t before_ = 0;  // Characters ahead of the first asterisk.
-  size_t after_ = 0;   // Characters behind the last asterisk.
-  size_t middle_ = 0;  // Characters between two asterisks.
-  std::string sortedLetters_;
-  std::string sequence_;
-  size_t times_ = 0;
-  bool orMore_ = false;
+  const std::string sortedLetters_;  // Of an anagram.
 };
-
-// The parts of a prepared letter sequence "%NXXX>".
-struct SequenceParts {
-  std::string letters;
-  int times = 0;  // 0 when the second character is no digit.
-  bool numeric = false;
-  bool orMore = false;
-};
-SequenceParts SplitSequence(std::string_view pattern);
 
 }  // namespace quorvane

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/run_time_error.h"
 #include "search/character_lists.h"
 #include "search/word_type.h"
 
@@ -24,28 +23,43 @@ enum class PatternKind : int {
   LetterChoice = 13,  // ";"
 };
 
-inline constexpr std::string_view kRefusedPattern = "***";
-
-struct PreparedPattern {
-  std::string pattern;  // In lower case and normalised; kRefusedPattern when there is nothing to search.
-  PatternKind kind = PatternKind::NoAsterisk;
-  std::string boxText;     // Of the message box of a refusal, else empty.
-  std::string statusText;  // Of the status line after a refusal, else empty.
-
-  bool Refused() const { return pattern == kRefusedPattern; }
-  bool Random() const { return pattern.starts_with('~'); }
+// What is said of a text that can't be searched.
+struct PatternRefusal {
+  std::string boxText;
+  std::string statusText;
 };
+
+// The parts of a letter sequence "%NXXX>", in the letter case given.
+struct SequenceParts {
+  std::string letters;
+  std::optional<int> times;  // Nothing when the second character is no digit.
+  bool orMore = false;
+};
+SequenceParts SplitSequence(std::string_view text);
+
+// A text in the form that a search works with: no later step looks for special characters to find its parts.
+struct PreparedPattern {
+  std::string text;  // All of it, in lower case and normalised.
+  PatternKind kind = PatternKind::NoAsterisk;
+  std::optional<PatternRefusal> refusal;  // Then there is nothing to search.
+  // Around the asterisks: without one all is prefix; with one there are prefix and suffix; "*xxx*" is middle alone.
+  std::string prefix;
+  std::string middle;
+  std::string suffix;
+  std::string letters;             // Of an anagram, a letter sequence, a letter choice.
+  std::optional<int> times;        // Of a letter sequence; nothing when no number stands there.
+  bool orMore = false;             // Of a letter sequence.
+  bool anyOrder = false;           // Of a letter choice.
+  std::optional<int> randomCount;  // Random words are asked for: so many.
+
+  bool Empty() const { return text.empty(); }
+  bool HasMiddle() const { return kind == PatternKind::Contains || kind == PatternKind::TwoAsterisks; }
+};
+
+// The number behind the "~" of `text`; 1 when none stands there.
+int RandomCount(std::string_view text);
 
 PreparedPattern PreparePattern(std::string_view text, WordType type);
-
-inline constexpr size_t kMaxSortedLetters = 60;
-
-// The characters of a prepared pattern from the highest code to the lowest. Over 60 characters: error 9.
-struct SortedLettersResult {
-  std::string letters;
-  std::optional<RunTimeError> error;
-};
-SortedLettersResult SortedLetters(std::string_view pattern);
 
 // All characters from the lowest code to the highest.
 std::string SortLetters(std::string_view text);
@@ -53,7 +67,11 @@ std::string SortLetters(std::string_view text);
 // list in bracket form.
 std::string SortList(std::string_view text);
 
-// The initials, in upper case, of the words that may match, in the order of the scan; "&" stands for the whole lexicon.
-std::string FirstLetters(std::string_view pattern, PatternKind kind, const CharacterLists& lists);
+// Where a scan looks: the words with these initials, in upper case and in the order of the scan, or all words.
+struct Initials {
+  bool wholeLexicon = false;
+  std::string letters;
+};
+Initials FirstLetters(const PreparedPattern& prepared, const CharacterLists& lists);
 
 }  // namespace quorvane

@@ -10,6 +10,9 @@
 namespace quorvane {
 namespace {
 
+// An exact anagram of more letters is error 9.
+constexpr size_t kMostExactLetters = 60;
+
 int NearestEven(double value) {
   return static_cast<int>(std::nearbyint(value));
 }
@@ -29,7 +32,7 @@ class Scan {
   }
 
   ScanOutcome Random(RandomSource& random) {
-    for (int i = 0; i < request_.randomCount; ++i) {
+    for (int i = 0; i < *request_.prepared.randomCount; ++i) {
       const int index = NearestEven(random.NextFraction() * lexicon_.count());
       AddOne(static_cast<WordNumber>(index));
     }
@@ -38,27 +41,24 @@ class Scan {
 
   ScanOutcome Blocks() {
     outcome_.truncated = false;
-    const std::string& pattern = request_.prepared.pattern;
-    const PatternKind kind = request_.prepared.kind;
-    if (kind == PatternKind::Sequence && !SplitSequence(pattern).numeric) {
+    const PreparedPattern& prepared = request_.prepared;
+    if (prepared.kind == PatternKind::Sequence && !prepared.times) {
       outcome_.errors.push_back({MakeRunTimeError(kErrorTypeMismatch), "", "C"});
       return Finish();
     }
-    if (kind == PatternKind::AnagramExact) {
-      if (const auto key = SortedLetters(pattern); key.error) {
-        outcome_.errors.push_back({*key.error, "", "A"});
-        return Finish();
-      }
+    if (prepared.kind == PatternKind::AnagramExact && prepared.letters.size() > kMostExactLetters) {
+      outcome_.errors.push_back({MakeRunTimeError(kErrorSubscriptOutOfRange), "", "A"});
+      return Finish();
     }
-    Verifier verifier(pattern, kind, request_.lists, static_cast<unsigned>(std::max(request_.minLength, 0)),
+    Verifier verifier(prepared, request_.lists, static_cast<unsigned>(std::max(request_.minLength, 0)),
                       static_cast<unsigned>(std::max(request_.maxLength, 0)));
+    const Initials initials = FirstLetters(prepared, request_.lists);
+    if (initials.wholeLexicon) {
+      Range(verifier, 0, lexicon_.count());
+    }
     int pass = 0;
-    for (const char initial : FirstLetters(pattern, kind, request_.lists)) {
+    for (const char initial : initials.letters) {
       ++pass;
-      if (initial == '&') {
-        Range(verifier, 0, lexicon_.count());
-        continue;
-      }
       // Both ends are included: the last word before the block is looked at too.
       const int entry = static_cast<unsigned char>(initial) - kFirstInitial;
       if (entry < 0 || entry + 1 >= kInitials) {
@@ -174,7 +174,7 @@ class Scan {
 ScanOutcome PerformScan(const Lexicon& lexicon, const ScanRequest& request, FoundNumbers& found, RandomSource& random,
                         ScanObserver* observer, size_t screenCapacity, bool wasTruncated) {
   Scan scan(lexicon, request, found, observer, screenCapacity, wasTruncated);
-  return request.prepared.Random() ? scan.Random(random) : scan.Blocks();
+  return request.prepared.randomCount ? scan.Random(random) : scan.Blocks();
 }
 
 }  // namespace quorvane

@@ -25,7 +25,6 @@ struct ScanRequest {
   int minLength = kAnyMinLength;
   int maxLength = kAnyMaxLength;
   bool palindromes = false;  // Keep only words that read the same both ways.
-  int randomCount = 1;       // Of "~".
 };
 
 class ScanObserver {

@@ -133,11 +133,10 @@ void KeepAccepted(WordNumber first, Survivors& survivors, Accepts accepts) {
 
 }  // namespace
 
-Verifier::Verifier(std::string_view pattern, PatternKind kind, const CharacterLists& lists, unsigned shortest,
-                   unsigned longest)
-    : plan_(MakeVerifyPlan(pattern, kind, lists, shortest, longest)),
-      wordTest_(pattern, kind, lists),
-      isAnagram_(kind == PatternKind::Anagram || kind == PatternKind::AnagramExact) {}
+Verifier::Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest)
+    : plan_(MakeVerifyPlan(prepared, lists, shortest, longest)),
+      wordTest_(prepared, lists),
+      isAnagram_(prepared.kind == PatternKind::Anagram || prepared.kind == PatternKind::AnagramExact) {}
 
 // Words that hold other characters than letters, and very long ones, are tried by the one definition of matching.
 template <class Test>

@@ -16,8 +16,7 @@ namespace quorvane {
 class Verifier {
  public:
   // `shortest` and `longest` are the length range of the search.
-  Verifier(std::string_view pattern, PatternKind kind, const CharacterLists& lists, unsigned shortest,
-           unsigned longest);
+  Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest);
 
   const WordFilter& Filter() const { return plan_.filter; }
 

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <bit>
+#include <optional>
+#include <string_view>
 
 #include "base/text.h"
+#include "search/wildcards.h"
 
 namespace quorvane {
 namespace {
@@ -23,17 +26,21 @@ LetterSet LettersOf(char patternCharacter, const CharacterLists& lists) {
 }
 
 bool IsBoundDigit(char c) {
-  return c >= '1' && c <= '3';
+  return IsWildcard(c, Stands::SameCharacter);
+}
+
+bool IsTile(char c) {
+  return IsWildcard(c, Stands::Tile);
 }
 
 class PlanMaker {
  public:
-  PlanMaker(std::string_view pattern, PatternKind kind, const CharacterLists& lists, VerifyPlan& plan)
-      : pattern_(pattern), kind_(kind), lists_(lists), plan_(plan), filter_(plan.filter), positions_(plan.positions) {}
+  PlanMaker(const PreparedPattern& prepared, const CharacterLists& lists, VerifyPlan& plan)
+      : prepared_(prepared), lists_(lists), plan_(plan), filter_(plan.filter), positions_(plan.positions) {}
   void Make();
 
  private:
-  void MakePositions(std::string_view prefix, std::optional<std::string_view> middle, std::string_view suffix);
+  void MakePositions();
   void AddMiddle(std::string_view middle);
   VerifyMode ModeOfPositions() const;
   Symbol& SymbolFor(LetterSet letters);
@@ -44,8 +51,7 @@ class PlanMaker {
   void MakeLetterChoice();
   void MakeAnagram();
 
-  const std::string_view pattern_;
-  const PatternKind kind_;
+  const PreparedPattern& prepared_;
   const CharacterLists& lists_;
   VerifyPlan& plan_;
   WordFilter& filter_;
@@ -59,22 +65,16 @@ class PlanMaker {
 };
 
 void PlanMaker::Make() {
-  const size_t first = pattern_.find('*');
-  const size_t last = pattern_.rfind('*');
-  switch (kind_) {
+  switch (prepared_.kind) {
     case PatternKind::NoAsterisk:
-      MakePositions(pattern_, std::nullopt, "");
-      filter_.longest = std::min(filter_.longest, static_cast<unsigned>(pattern_.size()));
+      MakePositions();
+      filter_.longest = std::min(filter_.longest, static_cast<unsigned>(prepared_.prefix.size()));
       LimitToWholePattern();
       break;
     case PatternKind::OneAsterisk:
-      MakePositions(pattern_.substr(0, first), std::nullopt, pattern_.substr(first + 1));
-      break;
     case PatternKind::Contains:
-      MakePositions("", pattern_.substr(1, pattern_.size() - 2), "");
-      break;
     case PatternKind::TwoAsterisks:
-      MakePositions(pattern_.substr(0, first), pattern_.substr(first + 1, last - first - 1), pattern_.substr(last + 1));
+      MakePositions();
       break;
     case PatternKind::Sequence:
       MakeSequence();
@@ -93,21 +93,20 @@ void PlanMaker::Make() {
   }
 }
 
-void PlanMaker::MakePositions(std::string_view prefix, std::optional<std::string_view> middle,
-                              std::string_view suffix) {
-  const size_t size = prefix.size() + suffix.size() + (middle ? middle->size() : 0);
-  filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(size));
-  for (const char c : pattern_) {
+void PlanMaker::MakePositions() {
+  const std::string& prefix = prepared_.prefix;
+  const std::string& suffix = prepared_.suffix;
+  const std::string characters = prefix + prepared_.middle + suffix;
+  filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(characters.size()));
+  for (const char c : characters) {
     if (IsLetter(c)) {
       filter_.Require(LetterBit(c));
     }
   }
   // Tiles are used up from left to right, and a character that stands for no letter at all concerns only words with
   // other characters: such patterns are tried word by word.
-  const auto needsState = [this](char c) {
-    return c == '=' || (c != '*' && !IsBoundDigit(c) && LettersOf(c, lists_) == 0);
-  };
-  if (size > kMaxMaskLength || std::any_of(pattern_.begin(), pattern_.end(), needsState)) {
+  const auto needsState = [this](char c) { return IsTile(c) || (!IsBoundDigit(c) && LettersOf(c, lists_) == 0); };
+  if (characters.size() > kMaxMaskLength || std::any_of(characters.begin(), characters.end(), needsState)) {
     return;
   }
   positions_.before = static_cast<unsigned>(prefix.size());
@@ -118,13 +117,15 @@ void PlanMaker::MakePositions(std::string_view prefix, std::optional<std::string
   for (size_t i = 0; i < suffix.size(); ++i) {
     AddCharacter(suffix[i], EndPlace{true, static_cast<uint8_t>(i)}, 0);
   }
-  if (middle) {
-    AddMiddle(*middle);
+  if (prepared_.HasMiddle()) {
+    AddMiddle(prepared_.middle);
   }
   // One letter anywhere is what the letter sets say already; characters that match whatever there is, letter or not,
   // ask for nothing but a length.
-  const bool oneLetter = kind_ == PatternKind::Contains && pattern_.size() == 3 && IsLetter(pattern_[1]);
-  const bool anything = positions_.Trivial() && pattern_.find_first_not_of("*?123") == std::string::npos;
+  const bool oneLetter = prepared_.kind == PatternKind::Contains && characters.size() == 1 && IsLetter(characters[0]);
+  const bool anything = positions_.Trivial() && std::all_of(characters.begin(), characters.end(), [](char c) {
+                          return IsBoundDigit(c) || IsWildcard(c, Stands::AnyCharacter);
+                        });
   plan_.mode = oneLetter || anything ? VerifyMode::FilterDecides : ModeOfPositions();
 }
 
@@ -207,10 +208,10 @@ void PlanMaker::AddDigit(char digit, std::optional<EndPlace> end, uint8_t middle
 void PlanMaker::LimitToWholePattern() {
   LetterSet allowed = 0;
   unsigned blanks = 0;
-  for (const char c : pattern_) {
+  for (const char c : prepared_.prefix) {
     if (IsBoundDigit(c)) {
       allowed = kAllLetters;
-    } else if (c == '=') {
+    } else if (IsTile(c)) {
       allowed |= LetterSetOf(lists_.scrabble) & kAllLetters;
       blanks = static_cast<unsigned>(
           std::count_if(lists_.scrabble.begin(), lists_.scrabble.end(), [](char t) { return t == '-' || t == '?'; }));
@@ -224,36 +225,31 @@ void PlanMaker::LimitToWholePattern() {
 }
 
 void PlanMaker::MakeSequence() {
-  const SequenceParts parts = SplitSequence(pattern_);
-  const LetterSet letters = LetterSetOf(parts.letters);
-  if (parts.times == 0 || parts.letters.empty() || (letters & kOtherCharacters) != 0) {
+  const LetterSet letters = LetterSetOf(prepared_.letters);
+  const auto times = static_cast<unsigned>(prepared_.times.value_or(0));
+  if (times == 0 || prepared_.letters.empty() || (letters & kOtherCharacters) != 0) {
     return;
   }
   filter_.Require(letters);
-  const auto times = static_cast<unsigned>(parts.times);
-  filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(parts.letters.size()) + times - 1);
-  if (parts.letters.size() > ByteRun::kMost) {
+  filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(prepared_.letters.size()) + times - 1);
+  if (prepared_.letters.size() > ByteRun::kMost) {
     return;
   }
-  AddMiddle(parts.letters);
+  AddMiddle(prepared_.letters);
   positions_.minStarts = times;
-  positions_.maxStarts = parts.orMore ? static_cast<unsigned>(kMaxWordLength) : times;
+  positions_.maxStarts = prepared_.orMore ? static_cast<unsigned>(kMaxWordLength) : times;
   plan_.mode = VerifyMode::Run;
 }
 
 void PlanMaker::MakeLetterChoice() {
-  std::string letters(pattern_.substr(1));
-  const bool anyOrder = letters.ends_with('~');
-  if (anyOrder) {
-    letters.pop_back();
-  }
+  const std::string& letters = prepared_.letters;
   const LetterSet set = LetterSetOf(letters);
   if ((set & kOtherCharacters) != 0) {
     return;
   }
   filter_.Require(set);
   filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(letters.size()));
-  if (!anyOrder && letters.size() > 1) {
+  if (!prepared_.anyOrder && letters.size() > 1) {
     plan_.orderedLetters = letters;
     plan_.mode = VerifyMode::OrderedLetters;
     return;
@@ -268,9 +264,10 @@ void PlanMaker::MakeLetterChoice() {
 }
 
 void PlanMaker::MakeAnagram() {
-  const auto size = static_cast<unsigned>(pattern_.size());
-  const LetterSet set = LetterSetOf(pattern_);
-  const bool exact = kind_ == PatternKind::AnagramExact;
+  const std::string& letters = prepared_.letters;
+  const auto size = static_cast<unsigned>(letters.size());
+  const LetterSet set = LetterSetOf(letters);
+  const bool exact = prepared_.kind == PatternKind::AnagramExact;
   if (exact) {
     filter_.longest = std::min(filter_.longest, size);
     filter_.shortest = std::max(filter_.shortest, size);
@@ -283,7 +280,7 @@ void PlanMaker::MakeAnagram() {
     filter_.Require(set);
   }
   for (char c = 'a'; c <= 'z'; ++c) {
-    const auto available = static_cast<unsigned>(std::count(pattern_.begin(), pattern_.end(), c));
+    const auto available = static_cast<unsigned>(std::count(letters.begin(), letters.end(), c));
     if (available != 0) {
       plan_.letterCounts.push_back({c, exact ? available : 0, available});
     }
@@ -293,12 +290,12 @@ void PlanMaker::MakeAnagram() {
 
 }  // namespace
 
-VerifyPlan MakeVerifyPlan(std::string_view pattern, PatternKind kind, const CharacterLists& lists, unsigned shortest,
+VerifyPlan MakeVerifyPlan(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest,
                           unsigned longest) {
   VerifyPlan plan;
   plan.filter.shortest = std::max(shortest, 1u);
   plan.filter.longest = std::min(longest, static_cast<unsigned>(kMaxWordLength));
-  PlanMaker(pattern, kind, lists, plan).Make();
+  PlanMaker(prepared, lists, plan).Make();
   return plan;
 }
 

@@ -5,9 +5,7 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "search/byte_masks.h"
@@ -122,7 +120,7 @@ struct VerifyPlan {
 };
 
 // `shortest` and `longest` are the length range of the search.
-VerifyPlan MakeVerifyPlan(std::string_view pattern, PatternKind kind, const CharacterLists& lists, unsigned shortest,
+VerifyPlan MakeVerifyPlan(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest,
                           unsigned longest);
 
 }  // namespace quorvane

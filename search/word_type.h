@@ -1,7 +1,6 @@
 // The four search modes.
 #pragma once
 
-#include <array>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -9,8 +8,8 @@
 namespace quorvane {
 
 enum class WordType { WordList, Palindrome, Anagram, AnagramExact };
-inline constexpr std::array kWordTypes = {WordType::WordList, WordType::Palindrome, WordType::Anagram,
-                                          WordType::AnagramExact};
+
+inline constexpr std::string_view kWordPrompt = "Please enter a word selection.";
 
 struct WordTypeFacts {
   WordType type;
@@ -18,8 +17,16 @@ struct WordTypeFacts {
   std::string_view noun;           // `WordTypeNoun` while the mode is selected.
   std::string_view searchCaption;  // Caption of the search button.
   std::string_view prompt;         // Shown when a search is started with nothing typed.
+  // The mode's button, its menu item and the function key of both.
+  std::string_view objectName;
+  std::string_view caption;
+  std::string_view toolTip;
+  std::string_view menuItem;
+  std::string_view menuCaption;
+  int functionKey;
 };
 
+// By WordType.
 std::span<const WordTypeFacts> WordTypes();
 const WordTypeFacts& FactsOf(WordType type);
 std::optional<WordType> WordTypeOfOption(std::string_view option);

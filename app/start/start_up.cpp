@@ -82,7 +82,8 @@ void StartUp::CountFonts() {
 }
 
 void StartUp::RestoreInput() {
-  session_.input = InputState();
+  session_.input = InputControls();
+  view_.ShowText("", 0);
   view_.ShowInput();
   const CharacterLists lists = StoredLists(services_.settings);
   for (const ListKind kind : kListKinds) {

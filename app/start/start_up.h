@@ -16,6 +16,7 @@ class StartUpView : public virtual View {
   virtual void SelectAnyLength() = 0;
   virtual void SetFixedWidth(bool fixed) = 0;
 
+  virtual void ShowText(const std::string& text, size_t caret) = 0;
   virtual void ShowInput() = 0;
   virtual void FocusPattern() = 0;
   virtual void ClearPosition() = 0;

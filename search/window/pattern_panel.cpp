@@ -57,15 +57,13 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   auto* modes = new QGridLayout;
   modes->setVerticalSpacing(0);
   modes->setHorizontalSpacing(20);
-  modes->addWidget(MakeMode(WordType::WordList, "rbQuorvane", "&Word List", "Regular word list"), 0, 0);
-  modes->addWidget(MakeMode(WordType::Palindrome, "rbPalindrome", "Pali&ndrome", "Returns only palindromes"), 0, 1);
-  modes->addWidget(MakeMode(WordType::Anagram, "rbAnagram", "&Anagram", "Returns all anagrams (some or all letters)"),
-                   0, 2);
-  modes->addWidget(MakeMode(WordType::AnagramExact, "rbAnagramExact", "Anagra&m", "Return all exact-length anagrams"),
-                   0, 3);
+  int column = 0;
+  for (const WordTypeFacts& facts : WordTypes()) {
+    modes->addWidget(MakeMode(facts), 0, column++);
+  }
   modes->addWidget(MakeNote("lblAnagall", "All words", this), 1, 2);
   modes->addWidget(MakeNote("lblAnagexact", "Exact length only", this), 1, 3);
-  modes->setColumnStretch(4, 1);
+  modes->setColumnStretch(column, 1);
   layout->addLayout(modes, 2, 1, 1, 3);
   modes_[WordType::WordList]->setChecked(true);
 
@@ -79,13 +77,13 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   connect(exit, &QPushButton::clicked, this, &PatternPanel::ExitRequested);
 }
 
-QRadioButton* PatternPanel::MakeMode(WordType type, const QString& name, const QString& caption,
-                                     const QString& toolTip) {
-  auto* button = Named(new QRadioButton(caption, this), name, toolTip);
-  modes_[type] = button;
+QRadioButton* PatternPanel::MakeMode(const WordTypeFacts& facts) {
+  auto* button =
+      Named(new QRadioButton(FromText(facts.caption), this), FromText(facts.objectName), FromText(facts.toolTip));
+  modes_[facts.type] = button;
   // A mode has no colour of its own and must be readable on any background.
   ShowsColour(button, ColourElement::MainBack, ColourUse::ReadableText);
-  connect(button, &QRadioButton::clicked, this, [this, type] { emit ModeChosen(type); });
+  connect(button, &QRadioButton::clicked, this, [this, type = facts.type] { emit ModeChosen(type); });
   return button;
 }
 
@@ -97,22 +95,24 @@ size_t PatternPanel::Caret() const {
   return static_cast<size_t>(tbInput_->cursorPosition());
 }
 
-void PatternPanel::ShowState(const InputState& state) {
-  const QString text = FromBytes(state.text);
+void PatternPanel::ShowText(const std::string& text, size_t caret) {
   const QSignalBlocker quiet(tbInput_);
-  if (tbInput_->text() != text) {
-    tbInput_->setText(text);
+  if (Text() != text) {
+    tbInput_->setText(FromBytes(text));
   }
-  if (tbInput_->cursorPosition() != static_cast<int>(state.caret)) {
-    tbInput_->setCursorPosition(static_cast<int>(state.caret));
+  if (Caret() != caret) {
+    tbInput_->setCursorPosition(static_cast<int>(caret));
   }
-  lblNumLetters_->setText(FromBytes(state.letters));
-  btnFindWords_->setEnabled(state.canSearch);
-  btnFindWords_->setText(FromText(FactsOf(state.selected).searchCaption));
-  modes_[WordType::Palindrome]->setEnabled(state.palindrome);
-  modes_[WordType::Anagram]->setEnabled(state.anagrams);
-  modes_[WordType::AnagramExact]->setEnabled(state.anagrams);
-  modes_[state.selected]->setChecked(true);
+}
+
+void PatternPanel::ShowControls(const InputControls& controls) {
+  lblNumLetters_->setText(FromBytes(controls.letters));
+  btnFindWords_->setEnabled(controls.canSearch);
+  btnFindWords_->setText(FromText(FactsOf(controls.selected).searchCaption));
+  modes_[WordType::Palindrome]->setEnabled(controls.palindrome);
+  modes_[WordType::Anagram]->setEnabled(controls.anagrams);
+  modes_[WordType::AnagramExact]->setEnabled(controls.anagrams);
+  modes_[controls.selected]->setChecked(true);
 }
 
 void PatternPanel::FocusPattern() {

@@ -21,8 +21,9 @@ class PatternPanel : public QWidget {
 
   std::string Text() const;
   size_t Caret() const;
-  // Shows what a check of the text left: text, caret, mode, and what is allowed.
-  void ShowState(const InputState& state);
+  // Shows what a check left of the text, and then the mode and what is allowed.
+  void ShowText(const std::string& text, size_t caret);
+  void ShowControls(const InputControls& controls);
   void FocusPattern();
 
  signals:
@@ -32,7 +33,7 @@ class PatternPanel : public QWidget {
   void ExitRequested();
 
  private:
-  QRadioButton* MakeMode(WordType type, const QString& name, const QString& caption, const QString& toolTip);
+  QRadioButton* MakeMode(const WordTypeFacts& facts);
 
   QLineEdit* tbInput_ = nullptr;
   QPushButton* btnFindWords_ = nullptr;

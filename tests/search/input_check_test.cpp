@@ -35,22 +35,27 @@ constexpr const char* kCancelled = "Anagram option cancelled due to wildcard inp
 
 // A pattern box with its controls, as a person sees them.
 struct Box {
-  InputState state;
+  InputQuestion state;
+  int kind = 0;
   CharacterLists lists;
   std::string status;
   int beeps = 0;
   std::vector<std::string> logTexts;
 
-  Box(WordType type, CharacterLists characterLists) : lists(std::move(characterLists)) { SelectWordType(state, type); }
+  Box(WordType type, CharacterLists characterLists) : lists(std::move(characterLists)) {
+    SelectWordType(state.controls, type);
+  }
 
   void Change(const std::string& text, size_t caret) {
     state.text = text;
     state.caret = caret;
-    const InputMessages messages = CheckInput(state, lists);
-    EXPECT_FALSE(messages.error);
-    status = messages.statusTexts.empty() ? status : messages.LastStatus();
-    beeps += messages.beeps;
-    logTexts.insert(logTexts.end(), messages.logTexts.begin(), messages.logTexts.end());
+    const InputAnswer answer = CheckInput(state, lists);
+    EXPECT_FALSE(answer.error);
+    state = {answer.text, answer.caret, answer.controls};
+    kind = answer.kind;
+    status = answer.statusTexts.empty() ? status : answer.LastStatus();
+    beeps += answer.beeps;
+    logTexts.insert(logTexts.end(), answer.logTexts.begin(), answer.logTexts.end());
   }
 
   void Enter(How how, const std::string& text) {
@@ -67,8 +72,9 @@ struct Box {
 
   // What may be used: search, anagrams, palindrome, save as lexicon.
   std::string Allowed() const {
-    return std::string() + (state.canSearch ? 'S' : '-') + (state.anagrams ? 'A' : '-') +
-           (state.palindrome ? 'P' : '-') + (state.saveAsLexicon ? 'L' : '-');
+    const InputControls& controls = state.controls;
+    return std::string() + (controls.canSearch ? 'S' : '-') + (controls.anagrams ? 'A' : '-') +
+           (controls.palindrome ? 'P' : '-') + (controls.saveAsLexicon ? 'L' : '-');
   }
 };
 
@@ -87,13 +93,13 @@ void Try(const Case& row, int kind, std::string_view noun) {
   Box box(row.type, {"aBc", "", row.rack});
   box.Enter(row.how, row.input);
   EXPECT_EQ(box.state.text, row.text);
-  EXPECT_EQ(box.state.letters, row.letters);
+  EXPECT_EQ(box.state.controls.letters, row.letters);
   EXPECT_EQ(box.status, row.status);
-  EXPECT_EQ(box.state.patternKind, kind);
+  EXPECT_EQ(box.kind, kind);
   EXPECT_EQ(box.Allowed(), row.allowed);
   EXPECT_EQ(box.beeps, row.beeps);
-  EXPECT_EQ(box.state.noun, noun);
-  EXPECT_EQ(box.state.selected, row.selected);
+  EXPECT_EQ(box.state.controls.noun, noun);
+  EXPECT_EQ(box.state.controls.selected, row.selected);
 }
 
 TEST(InputCheck, PlainPatterns) {
@@ -159,11 +165,6 @@ TEST(InputCheck, RandomWords) {
   for (const Case& row : cases) {
     Try(row, 12, "Random word");
   }
-  Box box(kWord, {});
-  for (const auto& [text, count] : {std::pair{"~37", 37}, {"~", 1}, {"~0012", 12}}) {
-    box.Change(text, 1);
-    EXPECT_EQ(box.state.randomCount, count) << text;
-  }
 }
 
 TEST(InputCheck, LetterSequences) {
@@ -213,51 +214,6 @@ TEST(InputCheck, LetterChoices) {
   }
 }
 
-TEST(InputCheck, ModesLeaveWhatTheyDoNotSpeakOf) {
-  Box box(kPalindrome, {});
-  box.Change("abc", 3);
-  EXPECT_EQ(box.state.letters, "(3 letters)");
-  box.Change(";a", 2);
-  EXPECT_EQ(box.state.letters, "(3 letters)") << "a letter choice leaves the count";
-  EXPECT_EQ(box.state.selected, kPalindrome);
-  box.Change("~5", 2);
-  EXPECT_EQ(box.Allowed(), "S---");
-  EXPECT_EQ(box.state.selected, kWord);
-  box.Change(";a", 2);
-  EXPECT_EQ(box.Allowed(), "S---") << "nor does it give the modes back";
-  box.Change("%2", 2);
-  EXPECT_EQ(box.Allowed(), "----");
-  box.Change("a*", 2);
-  EXPECT_EQ(box.Allowed(), "S-P-");
-  box.Change("ab", 2);
-  EXPECT_EQ(box.Allowed(), "SAP-") << "saving as a lexicon waits for the next search";
-  EXPECT_EQ(box.state.noun, "word");
-  SelectWordType(box.state, kExact);
-  EXPECT_EQ(box.state.noun, "exact-length anagram");
-  box.Change(";a", 2);
-  EXPECT_EQ(box.state.noun, "letter choice");
-  box.Change("", 0);
-  EXPECT_EQ(box.state.noun, "exact-length anagram") << "the noun of the mode that is selected";
-  EXPECT_EQ(box.state.letters, "");
-  EXPECT_EQ(box.Allowed(), "SAP-");
-  box.Change("%", 1);
-  box.Change("a", 1);
-  EXPECT_EQ(box.state.noun, "word") << "the sequence had moved to the word list";
-}
-
-TEST(InputCheck, ListsAreReadAtEachCheck) {
-  Box box(kWord, {"", "Xy", "AB"});
-  box.Change("==", 2);
-  EXPECT_EQ(box.status, "'=' currently stands for exactly any of [ab]");
-  EXPECT_EQ(box.beeps, 0);
-  box.lists.scrabble = "a";
-  box.Change("==!", 3);
-  EXPECT_EQ(box.state.text, "=");
-  EXPECT_EQ(box.beeps, 8);
-  box.Change("!", 1);
-  EXPECT_EQ(box.status, "'!' currently stands for excluding any of [xy]");
-}
-
 TEST(InputCheck, PlaceOfTheCaret) {
   const struct {
     const char* text;
@@ -281,14 +237,11 @@ TEST(InputCheck, PlaceOfTheCaret) {
 }
 
 TEST(InputCheck, ACaretOutsideTheTextIsAnError) {
-  InputState state;
-  state.text = "a&b";
-  state.caret = 4;
-  const InputMessages messages = CheckInput(state, {});
-  ASSERT_TRUE(messages.error);
-  EXPECT_EQ(messages.error->number, 5);
-  EXPECT_EQ(messages.error->description, "Invalid procedure call");
-  EXPECT_EQ(state.text, "a&b") << "the box keeps what it holds";
+  const InputAnswer answer = CheckInput({"a&b", 4, {}}, {});
+  ASSERT_TRUE(answer.error);
+  EXPECT_EQ(answer.error->number, 5);
+  EXPECT_EQ(answer.error->description, "Invalid procedure call");
+  EXPECT_EQ(answer.text, "a&b") << "the box keeps what it holds";
 }
 
 bool Only(std::string_view text, std::string_view characters) {
@@ -336,32 +289,28 @@ TEST(InputCheck, ACleanTextStaysAsItIs) {
       text.insert(0, 1, firsts[below(firsts.size())]);
       text.insert(1, below(2), '2');
     }
-    InputState state;
+    InputQuestion question{text, text.size(), {}};
     const CharacterLists lists{"ab", "", std::string(below(4), 'e')};
-    SelectWordType(state, kWordTypes[below(4)]);
-    state.text = text;
-    state.caret = text.size();
-    const InputMessages first = CheckInput(state, lists);
-    SCOPED_TRACE(text + " -> " + state.text);
-    ASSERT_LE(state.caret, state.text.size());
-    ASSERT_TRUE(IsClean(state.text, lists.scrabble.size()));
-    const bool special = state.text.starts_with('%') || state.text.starts_with(';');
-    ASSERT_EQ(state.canSearch, !special || std::any_of(state.text.begin(), state.text.end(), IsLetter));
-    const InputState before = state;
-    const InputMessages again = CheckInput(state, lists);
-    ASSERT_EQ(state.text, before.text);
-    ASSERT_EQ(state.patternKind, before.patternKind);
-    ASSERT_EQ(state.letters, before.letters);
-    ASSERT_EQ(state.noun, before.noun);
-    ASSERT_EQ(state.selected, before.selected);
-    ASSERT_EQ(state.randomCount, before.randomCount);
-    ASSERT_EQ(state.canSearch, before.canSearch);
-    ASSERT_EQ(state.anagrams, before.anagrams);
-    ASSERT_EQ(state.palindrome, before.palindrome);
-    ASSERT_EQ(state.saveAsLexicon, before.saveAsLexicon);
+    SelectWordType(question.controls, WordTypes()[below(4)].type);
+    const InputAnswer first = CheckInput(question, lists);
+    SCOPED_TRACE(text + " -> " + first.text);
+    ASSERT_LE(first.caret, first.text.size());
+    ASSERT_TRUE(IsClean(first.text, lists.scrabble.size()));
+    const bool special = first.text.starts_with('%') || first.text.starts_with(';');
+    ASSERT_EQ(first.controls.canSearch, !special || std::any_of(first.text.begin(), first.text.end(), IsLetter));
+    const InputAnswer again = CheckInput({first.text, first.caret, first.controls}, lists);
+    ASSERT_EQ(again.text, first.text);
+    ASSERT_EQ(again.kind, first.kind);
+    ASSERT_EQ(again.controls.letters, first.controls.letters);
+    ASSERT_EQ(again.controls.noun, first.controls.noun);
+    ASSERT_EQ(again.controls.selected, first.controls.selected);
+    ASSERT_EQ(again.controls.canSearch, first.controls.canSearch);
+    ASSERT_EQ(again.controls.anagrams, first.controls.anagrams);
+    ASSERT_EQ(again.controls.palindrome, first.controls.palindrome);
+    ASSERT_EQ(again.controls.saveAsLexicon, first.controls.saveAsLexicon);
     ASSERT_EQ(again.beeps, 0);
     ASSERT_TRUE(again.logTexts.empty());
-    texts += first.beeps > 0 || before.text != text ? 1 : 0;
+    texts += first.beeps > 0 || first.text != text ? 1 : 0;
   }
   EXPECT_GT(texts, 10000) << "texts that needed a change";
 }

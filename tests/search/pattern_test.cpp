@@ -24,10 +24,11 @@ TEST(Pattern, Preparation) {
   const struct {
     const char* text;
     WordType type;
-    const char* pattern;
-    int kind;  // Of no meaning where the text is refused.
+    const char* pattern;  // Of no meaning where the text is refused, as the kind.
+    int kind;
     const char* box = "";
     const char* status = "";
+    int randomCount = -1;
   } cases[] = {
       {"A-b?", word, "a?b?", 0},
       {"@$'123#!,:=", word, "@$'123#!,:=", 0},
@@ -37,43 +38,34 @@ TEST(Pattern, Preparation) {
       {"*c*t", word, "*c*t", 8},
       {"a*b*c", word, "a*b*c", 8},
       {"**a", word, "**a", 8},
-      {"**", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
-      {"*a*b*", word, "***", 0, kOneAsterisk, "Please enter a word selection."},
+      {"**", word, "", 0, kOneAsterisk, "Please enter a word selection."},
+      {"*a*b*", word, "", 0, kOneAsterisk, "Please enter a word selection."},
       {"Listen", exact, "listen", 10},
       {"a=b", exact, "a=b", 10},
-      {"list?n", anagram, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
-      {"a*", exact, "***", 0, kAnagramsOnly, "Please enter an anagram selection."},
-      {"*a*b*", anagram, "***", 0, kOneAsterisk, "Please enter a word selection."},
+      {"list?n", anagram, "", 0, kAnagramsOnly, "Please enter an anagram selection."},
+      {"a*", exact, "", 0, kAnagramsOnly, "Please enter an anagram selection."},
+      {"*a*b*", anagram, "", 0, kOneAsterisk, "Please enter a word selection."},
       {"%2SS>", word, "%2ss>", 11},
       {";PNT~", word, ";pnt~", 13},
-      {"~12", word, "~12", 0},
+      {"~12", word, "~12", 0, "", "", 12},
+      {"~", word, "~", 0, "", "", 1},
+      {"~0012", word, "~0012", 0, "", "", 12},
       {"\xC9t\xC9", word, "\xE9t\xE9", 0},
   };
-  for (const auto& [text, type, pattern, kind, box, status] : cases) {
+  for (const auto& [text, type, pattern, kind, box, status, randomCount] : cases) {
     SCOPED_TRACE(text);
     const PreparedPattern prepared = PreparePattern(text, type);
-    EXPECT_EQ(prepared.pattern, pattern);
-    EXPECT_EQ(prepared.Refused(), *box != '\0');
-    if (!prepared.Refused()) {
-      EXPECT_EQ(static_cast<int>(prepared.kind), kind);
+    if (*box != '\0') {
+      ASSERT_TRUE(prepared.refusal);
+      EXPECT_EQ(prepared.refusal->boxText, box);
+      EXPECT_EQ(prepared.refusal->statusText, status);
+      continue;
     }
-    EXPECT_EQ(prepared.boxText, box);
-    EXPECT_EQ(prepared.statusText, status);
-    EXPECT_EQ(prepared.Random(), *text == '~');
+    EXPECT_FALSE(prepared.refusal);
+    EXPECT_EQ(prepared.text, pattern);
+    EXPECT_EQ(static_cast<int>(prepared.kind), kind);
+    EXPECT_EQ(prepared.randomCount.value_or(-1), randomCount);
   }
-}
-
-TEST(Pattern, SortedLetters) {
-  EXPECT_EQ(SortedLetters("dog").letters, "ogd");
-  EXPECT_EQ(SortedLetters("aab").letters, "baa");
-  EXPECT_EQ(SortedLetters("").letters, "");
-  EXPECT_EQ(SortedLetters("a\xE9=z").letters, "\xE9za=") << "by character code, without a sign";
-  EXPECT_EQ(SortLetters("b\xE9zby="), "=bbyz\xE9");
-  EXPECT_EQ(SortedLetters(std::string(60, 'a')).letters, std::string(60, 'a'));
-  const SortedLettersResult tooLong = SortedLetters(std::string(61, 'a'));
-  ASSERT_TRUE(tooLong.error);
-  EXPECT_EQ(tooLong.error->number, 9);
-  EXPECT_EQ(tooLong.error->description, "Subscript out of range");
 }
 
 TEST(Pattern, SortedLists) {
@@ -129,7 +121,8 @@ TEST(Pattern, FirstLetters) {
                {";ab", WordType::Anagram, none, "&"}};
   for (const auto& [text, type, charLists, letters] : cases) {
     const PreparedPattern prepared = PreparePattern(text, type);
-    EXPECT_EQ(FirstLetters(prepared.pattern, prepared.kind, charLists), letters) << text;
+    const Initials initials = FirstLetters(prepared, charLists);
+    EXPECT_EQ(initials.wholeLexicon ? "&" : initials.letters, letters) << text;
   }
 }
 
@@ -211,20 +204,16 @@ TEST(Matcher, ContainsAllComparesCounts) {
   }
 }
 
-TEST(Matcher, FindLettersInOrder) {
+TEST(Matcher, FindLetters) {
   const struct {
     const char *word, *letters;
-    bool result;
-    const char* left;  // Of the letters.
-  } cases[] = {{"planet", "pnt", true, "&&&"},    {"planet", "tnp", false, "&np"},
-               {"planet", "tnp~", true, "&&&"},   {"banana", "aaa", true, "&&&"},
-               {"banana", "aaaa", false, "&&&a"}, {"banana", "aaan~", true, "&&&&"},
-               {"banana", "nnn~", false, "&&n"},  {"abc", "xc", false, "x&"},
-               {"ab", "ba", false, "&a"},         {"pit", "~", true, ""}};
-  for (const auto& [word, letters, result, left] : cases) {
-    std::string used = letters;
-    EXPECT_EQ(FindLettersInOrder(word, used), result) << word << " " << letters;
-    EXPECT_EQ(used, left) << word << " " << letters;
+    bool anyOrder, result;
+  } cases[] = {{"planet", "pnt", false, true}, {"planet", "tnp", false, false},  {"planet", "tnp", true, true},
+               {"banana", "aaa", false, true}, {"banana", "aaaa", false, false}, {"banana", "aaan", true, true},
+               {"banana", "nnn", true, false}, {"abc", "xc", false, false},      {"ab", "ba", false, false},
+               {"pit", "", true, true}};
+  for (const auto& [word, letters, anyOrder, result] : cases) {
+    EXPECT_EQ(FindLetters(word, letters, anyOrder), result) << word << " " << letters;
   }
 }
 

@@ -12,9 +12,8 @@ class Plain {
       : lexicon_(lexicon), request_(request), capacity_(capacity), matcher_(request.lists) {}
 
   PlainResult Run() {
-    const std::string& p = request_.prepared.pattern;
-    std::string letters = FirstLetters(p, request_.prepared.kind, request_.lists);
-    for (const char c : letters) {
+    const Initials initials = FirstLetters(request_.prepared, request_.lists);
+    for (const char c : initials.wholeLexicon ? std::string("&") : initials.letters) {
       int from = 0;
       int to = lexicon_.count();
       if (c != '&') {
@@ -47,7 +46,7 @@ class Plain {
   }
 
   bool Ends(const std::string& w, size_t before, size_t after) {
-    const std::string& p = request_.prepared.pattern;
+    const std::string& p = request_.prepared.text;
     for (size_t i = 1; i <= before; ++i) {
       Test(p[i - 1], w[i - 1]);
     }
@@ -58,7 +57,7 @@ class Plain {
   }
 
   bool Accepts(const std::string& w) {
-    const std::string& p = request_.prepared.pattern;
+    const std::string& p = request_.prepared.text;
     matcher_.StartWord();
     switch (static_cast<int>(request_.prepared.kind)) {
       case 0: {
@@ -120,7 +119,11 @@ class Plain {
       }
       case 13: {
         std::string letters = p.substr(1);
-        return FindLettersInOrder(w, letters);
+        const bool anyOrder = letters.ends_with('~');
+        if (anyOrder) {
+          letters.pop_back();
+        }
+        return FindLetters(w, letters, anyOrder);
       }
       default:
         return false;
@@ -130,7 +133,7 @@ class Plain {
   bool MiddleAt(const std::string& w, size_t from, size_t size, size_t start) {
     matcher_.RaiseMatchFlag();
     for (size_t i = 0; i < size; ++i) {
-      if (!Test(request_.prepared.pattern[from + i], w[start + i])) {
+      if (!Test(request_.prepared.text[from + i], w[start + i])) {
         return false;
       }
     }

@@ -145,7 +145,7 @@ TEST(RandomScan, AgreesWithThePlainScan) {
                        generator.Letters(generator.Below(5), "aegLnrst"),
                        generator.Letters(generator.Below(8), "aeglNrst?-")};
       request.prepared = PreparePattern(text, type);
-      if (request.prepared.Refused() || request.prepared.Random()) {
+      if (request.prepared.refusal || request.prepared.randomCount) {
         continue;
       }
       request.palindromes = generator.OneIn(6);
