@@ -2,6 +2,7 @@
 
 #include "app/frm_about.h"
 #include "app/frm_help.h"
+#include "base/program_directory.h"
 #include "base/window/qt_text.h"
 #include "results/window/frm_info.h"
 #include "settings/window/frm_colour_choice.h"
@@ -60,24 +61,22 @@ void OptionController::ChooseColour(ColourElement element, bool fromSample) {
   FrmColourChoice dialog(exchange, view_.Window());
   services_.door.Run(dialog);
   view_.Colours().Apply(element, exchange.current);
-  services_.settings.BeginBatch();
+  const SettingsBatch batch(services_.settings);
   SaveSetting(services_.settings, row.colour, exchange.current);
   SaveSetting(services_.settings, row.custom, exchange.custom);
-  services_.settings.EndBatch();
 }
 
 void OptionController::ResetColours() {
-  services_.settings.BeginBatch();
+  const SettingsBatch batch(services_.settings);
   for (const ColourElement element : ResetOrder()) {
     const std::string colour(RowOf(element).resetColour);
     view_.Colours().Apply(element, colour);
     SaveSetting(services_.settings, RowOf(element).colour, colour);
   }
-  services_.settings.EndBatch();
 }
 
 void OptionController::ShowHelp() {
-  const std::string path = JoinPath(services_.programDirectory, kHelpFileName);
+  const std::string path = OwnOrInstalled(services_.programDirectory, ExecutableDirectory(), kHelpFileName);
   if (const auto text = ReadHelp(path)) {
     FrmHelp help(*text, view_.Window());
     services_.door.Run(help);

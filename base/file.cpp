@@ -1,6 +1,13 @@
 #include "base/file.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 
@@ -11,30 +18,83 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr size_t kBufferSize = size_t{1} << 18;
-constexpr int kMaxTemporaryNames = 100;
 constexpr int kMaxLinks = 40;
+// A temporary's name is ".quorvane-PROCESS-NUMBER.tmp".
+constexpr std::string_view kTemporaryPrefix = ".quorvane-";
+constexpr std::string_view kTemporarySuffix = ".tmp";
 
-// A file of a new name beside `path`, open for writing; its name is put into `name`. Null with errno set on failure.
-FileHandle CreateBeside(const std::string& path, std::string& name) {
-  for (int i = 0; i < kMaxTemporaryNames; ++i) {
-    name = path + ".new" + std::to_string(i);
-    FileHandle file(std::fopen(name.c_str(), "wbx"));
-    if (file != nullptr || errno != EEXIST) {
-      return file;
-    }
-  }
-  return nullptr;
+std::string FolderOf(const std::string& path) {
+  const fs::path folder = fs::path(path).parent_path();
+  return folder.empty() ? "." : folder.string();
 }
 
-// What a link, or a chain of them, names in the end, whether it exists or not.
-std::string FollowLinks(const std::string& path) {
+// Whether the file is a temporary of a process that no longer runs.
+bool IsLeftBehind(std::string_view name) {
+  if (!name.starts_with(kTemporaryPrefix) || !name.ends_with(kTemporarySuffix)) {
+    return false;
+  }
+  name.remove_prefix(kTemporaryPrefix.size());
+  pid_t process = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
+  return error == std::errc() && *end == '-' && process > 0 && kill(process, 0) != 0 && errno == ESRCH;
+}
+
+void RemoveLeftBehind(const std::string& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    if (IsLeftBehind(entry->path().filename().string())) {
+      std::error_code ignored;
+      fs::remove(entry->path(), ignored);
+    }
+  }
+}
+
+// A new file in `folder`, open for writing; its path is put into `path`. Null with errno set on failure.
+FileHandle CreateTemporary(const std::string& folder, mode_t mode, std::string& path) {
+  static unsigned number = 0;
+  int descriptor = -1;
+  do {
+    path = JoinPath(folder, std::string(kTemporaryPrefix) + std::to_string(getpid()) + "-" + std::to_string(number++) +
+                                std::string(kTemporarySuffix));
+    descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  } while (descriptor < 0 && errno == EEXIST);
+  return FileHandle(descriptor < 0 ? nullptr : fdopen(descriptor, "wb"));
+}
+
+// The number of an open file of this process that `path` names, as /dev/fd/63 does.
+std::optional<int> DescriptorNamed(const fs::path& path) {
+  const std::string name = path.filename().string();
+  int number = 0;
+  const auto [end, failure] = std::from_chars(name.data(), name.data() + name.size(), number);
+  if (failure != std::errc() || end != name.data() + name.size()) {
+    return std::nullopt;
+  }
+  std::error_code error;
+  const fs::path folder = fs::canonical(path.parent_path(), error);
+  return !error && folder == fs::canonical("/proc/self/fd", error) && !error ? std::optional(number) : std::nullopt;
+}
+
+// Where a path leads, whether that exists or not: a file's path without links, or an open file of this process.
+struct Target {
+  std::string path;
+  std::optional<int> descriptor;
+  int error = 0;
+};
+
+Target FollowLinks(const std::string& path) {
   fs::path target = path;
   std::error_code error;
-  for (int i = 0; i < kMaxLinks && fs::is_symlink(target, error); ++i) {
+  for (int i = 0; i <= kMaxLinks; ++i) {
+    if (const auto descriptor = DescriptorNamed(target)) {
+      return {target.string(), descriptor};
+    }
+    if (!fs::is_symlink(target, error)) {
+      return {target.string(), std::nullopt};
+    }
     const fs::path named = fs::read_symlink(target, error);
     target = named.is_absolute() ? named : target.parent_path() / named;
   }
-  return target.string();
+  return {path, std::nullopt, ELOOP};
 }
 
 int WriteAndClose(FileHandle file, const std::function<void(FileWriter&)>& write) {
@@ -44,6 +104,60 @@ int WriteAndClose(FileHandle file, const std::function<void(FileWriter&)>& write
   int error = writer.Finish();
   if (std::fclose(file.release()) != 0 && error == 0) {
     error = errno;
+  }
+  return error;
+}
+
+// As far as the system allows it.
+void KeepOwnerAndMode(const std::string& path, const struct stat& old) {
+  const bool kept =
+      chown(path.c_str(), old.st_uid, old.st_gid) == 0 || chown(path.c_str(), static_cast<uid_t>(-1), old.st_gid) == 0;
+  // A group that can't be kept gives way to one that was not meant to read the file.
+  chmod(path.c_str(), old.st_mode & (kept ? 07777u : 07707u));
+}
+
+// Shares the position of the open file, so that what others write to it stays.
+int WriteToDescriptor(int number, const std::function<void(FileWriter&)>& write) {
+  const int flags = fcntl(number, F_GETFL);
+  if (flags < 0 || (flags & O_ACCMODE) == O_RDONLY) {
+    return EBADF;
+  }
+  const int copy = fcntl(number, F_DUPFD_CLOEXEC, 0);
+  FileHandle file(copy < 0 ? nullptr : fdopen(copy, "wb"));
+  return file == nullptr ? errno : WriteAndClose(std::move(file), write);
+}
+
+// 0 or an errno value.
+int ReplaceTarget(const std::string& path, const std::function<void(FileWriter&)>& write) {
+  struct stat status {};
+  const bool exists = stat(path.c_str(), &status) == 0;
+  if (exists) {
+    const bool regular = S_ISREG(status.st_mode);
+    // What may not be written to is not replaced either.
+    FileHandle probe(std::fopen(path.c_str(), regular ? "r+b" : "wb"));
+    if (probe == nullptr) {
+      return errno;
+    }
+    if (!regular) {
+      return WriteAndClose(std::move(probe), write);
+    }
+  }
+  const std::string folder = FolderOf(path);
+  RemoveLeftBehind(folder);
+  std::string temporary;
+  FileHandle file = CreateTemporary(folder, exists ? 0600 : 0666, temporary);
+  if (file == nullptr) {
+    return errno;
+  }
+  int error = WriteAndClose(std::move(file), write);
+  if (error == 0 && exists) {
+    KeepOwnerAndMode(temporary, status);
+  }
+  if (error == 0 && std::rename(temporary.c_str(), path.c_str()) != 0) {
+    error = errno;
+  }
+  if (error != 0) {
+    unlink(temporary.c_str());
   }
   return error;
 }
@@ -120,41 +234,38 @@ int FileWriter::Finish() {
   return error_;
 }
 
+std::optional<FileError> NotRegular(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode)) {
+    return std::nullopt;
+  }
+  FileError error = FileErrorOfErrno(path, EISDIR);
+  if (!S_ISDIR(status.st_mode)) {
+    const char* kind = S_ISFIFO(status.st_mode) ? "pipe" : S_ISSOCK(status.st_mode) ? "socket" : "device";
+    error.reason = std::string("it is a ") + kind + ", not a file";
+  }
+  return error;
+}
+
+std::optional<FileError> NotSmallRegular(const std::string& path) {
+  if (auto error = NotRegular(path)) {
+    return error;
+  }
+  std::error_code missing;
+  const uintmax_t size = fs::file_size(path, missing);
+  if (missing || size <= kMaxSmallFile) {
+    return std::nullopt;
+  }
+  return FileError{MakeRunTimeError(kErrorPathFileAccess), path,
+                   "it is larger than " + std::to_string(kMaxSmallFile >> 20) + " MB"};
+}
+
 std::optional<FileError> ReplaceFile(const std::string& path, const std::function<void(FileWriter&)>& write) {
-  std::error_code error;
-  const std::string target = FollowLinks(path);
-  const fs::file_status status = fs::status(target, error);
-  const bool exists = fs::exists(status);
-  if (exists) {
-    // What may not be written to is not replaced either.
-    FileHandle probe(std::fopen(target.c_str(), fs::is_regular_file(status) ? "r+b" : "wb"));
-    if (probe == nullptr) {
-      return FileErrorOfErrno(path, errno);
-    }
-    if (!fs::is_regular_file(status)) {
-      const int written = WriteAndClose(std::move(probe), write);
-      return written == 0 ? std::nullopt : std::optional(FileErrorOfErrno(path, written));
-    }
-  }
-  std::string temporary;
-  FileHandle file = CreateBeside(target, temporary);
-  if (file == nullptr) {
-    return FileErrorOfErrno(path, errno);
-  }
-  const int written = WriteAndClose(std::move(file), write);
-  if (written != 0) {
-    fs::remove(temporary, error);
-    return FileErrorOfErrno(path, written);
-  }
-  if (exists) {
-    fs::permissions(temporary, status.permissions(), error);
-  }
-  if (std::rename(temporary.c_str(), target.c_str()) != 0) {
-    const int renameError = errno;
-    fs::remove(temporary, error);
-    return FileErrorOfErrno(path, renameError);
-  }
-  return std::nullopt;
+  const Target target = FollowLinks(path);
+  const int error = target.error != 0   ? target.error
+                    : target.descriptor ? WriteToDescriptor(*target.descriptor, write)
+                                        : ReplaceTarget(target.path, write);
+  return error == 0 ? std::nullopt : std::optional(FileErrorOfErrno(path, error));
 }
 
 }  // namespace quorvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -62,9 +63,18 @@ class FileWriter {
   int error_ = 0;
 };
 
+// Why a path that exists is no regular file ("it is a pipe, not a file"): opening one may wait for ever. Nothing for a
+// regular file and for what is missing or can't be looked at; opening that says why.
+std::optional<FileError> NotRegular(const std::string& path);
+// The same for the files that are kept small; a larger one is none of the program's.
+inline constexpr uintmax_t kMaxSmallFile = uintmax_t{4} << 20;
+std::optional<FileError> NotSmallRegular(const std::string& path);
+
 // Replaces the file at `path` by what `write` writes, whole or not at all: a temporary file in the same folder is
-// written and renamed over the old one, without a forced flush. On failure the old file is as it was. A path that is
-// no regular file (a pipe, a terminal) is written to directly. A link is followed.
+// written and renamed over the old one, without a forced flush. On failure the old file is as it was. Temporaries that
+// processes left behind there when they were killed are removed. Owner and mode stay, and nobody reads a temporary whom
+// the old file does not let. Links are followed. What is no regular file (a pipe, a terminal) is written to directly,
+// and so is an open file of this process, whatever it is: /dev/stdout and /dev/fd/63 are written at their position.
 std::optional<FileError> ReplaceFile(const std::string& path, const std::function<void(FileWriter&)>& write);
 
 }  // namespace quorvane

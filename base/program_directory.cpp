@@ -24,6 +24,10 @@ std::string Absolute(const std::string& directory) {
   return path;
 }
 
+std::string InstalledDirectory(const std::string& executableDirectory) {
+  return Absolute(JoinPath(executableDirectory, "../share/quorvane"));
+}
+
 FileError ErrorOf(const std::string& path, const std::error_code& code) {
   return {RunTimeErrorOfErrno(code.value()), path, code.message()};
 }
@@ -40,11 +44,20 @@ std::string HomeDirectory() {
 
 }  // namespace
 
-ProgramDirectoryInput ProgramDirectoryInputOfProcess(const std::string& dataDir) {
+std::string ExecutableDirectory() {
   std::error_code error;
-  const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-  return {dataDir, Environment("QUORVANE_DIR"), executable.parent_path().string(), Environment("XDG_DATA_HOME"),
-          HomeDirectory()};
+  return fs::read_symlink("/proc/self/exe", error).parent_path().string();
+}
+
+std::string OwnOrInstalled(const std::string& programDirectory, const std::string& executableDirectory,
+                           const std::string& name) {
+  std::string own = JoinPath(programDirectory, name);
+  const std::string installed = JoinPath(InstalledDirectory(executableDirectory), name);
+  return !FileExists(own) && FileExists(installed) ? installed : own;
+}
+
+ProgramDirectoryInput ProgramDirectoryInputOfProcess(const std::string& dataDir) {
+  return {dataDir, Environment("QUORVANE_DIR"), ExecutableDirectory(), Environment("XDG_DATA_HOME"), HomeDirectory()};
 }
 
 ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
@@ -66,24 +79,21 @@ ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
     directory.problem = ErrorOf(directory.path, error);
     return directory;
   }
-  const std::string installed = JoinPath(input.executableDirectory, "../share/quorvane");
-  for (const char* name : {kDefaultLexiconName, "Quorvane.hlp"}) {
-    const std::string source = JoinPath(installed, name);
-    const std::string target = JoinPath(directory.path, name);
-    if (!FileExists(source) || fs::exists(target, error)) {
-      continue;
-    }
-    // Copied under another name first: a copy that stops half way never counts as the file.
-    const std::string partial = target + ".new";
-    fs::copy_file(source, partial, fs::copy_options::overwrite_existing, error);
-    if (!error) {
-      fs::rename(partial, target, error);
-    }
-    if (error) {
-      directory.problem = ErrorOf(target, error);
-      std::error_code ignored;
-      fs::remove(partial, ignored);
-    }
+  const std::string source = JoinPath(InstalledDirectory(input.executableDirectory), kDefaultLexiconName);
+  const std::string target = JoinPath(directory.path, kDefaultLexiconName);
+  if (!FileExists(source) || fs::exists(target, error)) {
+    return directory;
+  }
+  // Copied under another name first: a copy that stops half way never counts as the file.
+  const std::string partial = target + ".new";
+  fs::copy_file(source, partial, fs::copy_options::overwrite_existing, error);
+  if (!error) {
+    fs::rename(partial, target, error);
+  }
+  if (error) {
+    directory.problem = ErrorOf(target, error);
+    std::error_code ignored;
+    fs::remove(partial, ignored);
   }
   return directory;
 }

@@ -12,7 +12,7 @@ inline constexpr const char* kDefaultLexiconName = "words.lex";
 
 struct ProgramDirectory {
   std::string path;                  // Absolute, without a "/" at its end.
-  std::optional<FileError> problem;  // Set when the directory could not be made or its files could not be copied.
+  std::optional<FileError> problem;  // Set when the directory could not be made or its lexicon not copied.
 };
 
 // What the search for the directory depends on; tests set each. An absent environment variable is an empty string.
@@ -27,9 +27,17 @@ struct ProgramDirectoryInput {
 ProgramDirectoryInput ProgramDirectoryInputOfProcess(const std::string& dataDir);
 
 // Settles the directory: --data-dir, else QUORVANE_DIR, else the executable's own directory when it holds a
-// "words.lex", else $XDG_DATA_HOME/quorvane (by default ~/.local/share/quorvane). The last is made on first use, and
-// whichever of "words.lex" and "Quorvane.hlp" it lacks is copied there from ../share/quorvane beside the executable's
-// directory. Nothing else is made or written.
+// "words.lex", else $XDG_DATA_HOME/quorvane (by default ~/.local/share/quorvane). The last is made on first use, and a
+// "words.lex" that it lacks is copied there from the installed directory, ../share/quorvane beside the executable's.
+// Nothing else is made or written.
 ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input);
+
+// Where a file lies that is only read: in the program's directory when the user has put one there, else in the
+// installed directory; when it is in neither, where the user's would lie.
+std::string OwnOrInstalled(const std::string& programDirectory, const std::string& executableDirectory,
+                           const std::string& name);
+
+// Where the running program lies.
+std::string ExecutableDirectory();
 
 }  // namespace quorvane

@@ -56,7 +56,14 @@ std::optional<FileError> EventLog::Open() {
   return file_ == nullptr ? std::optional(Fail(errno)) : std::nullopt;
 }
 
-std::optional<FileError> EventLog::Reopen() {
+std::optional<uintmax_t> EventLog::Length() const {
+  std::error_code error;
+  const bool regular = std::filesystem::is_regular_file(path_, error);
+  const uintmax_t length = regular ? std::filesystem::file_size(path_, error) : 0;
+  return regular && !error ? std::optional(length) : std::nullopt;
+}
+
+std::optional<FileError> EventLog::Reopen(std::optional<uintmax_t> before) {
   if (!IsOpen()) {
     return std::nullopt;
   }
@@ -64,6 +71,10 @@ std::optional<FileError> EventLog::Reopen() {
   const bool written = std::ferror(file_.get()) == 0;
   const bool closed = std::fclose(file_.release()) == 0;
   const int error = errno;
+  if ((!written || !closed) && before && Length() > before) {  // Takes back the part of the entry that was written.
+    std::error_code ignored;
+    std::filesystem::resize_file(path_, *before, ignored);
+  }
   Open();
   return written && closed ? std::nullopt : std::optional(Fail(error));
 }
@@ -88,11 +99,12 @@ std::optional<FileError> EventLog::Write(std::string_view code, std::string_view
   if (!on_) {
     return std::nullopt;
   }
+  const auto before = Length();
   if (code.find(event::kStart) != std::string_view::npos) {
     WriteLine(std::string(kSeparatorWidth, '='));
   }
   WriteLine(LogLine(code, message, clock_()));
-  return Reopen();
+  return Reopen(before);
 }
 
 std::optional<FileError> EventLog::SwitchOn() {
@@ -111,8 +123,9 @@ void EventLog::SwitchOff() {
   while (separator.size() < kSeparatorWidth) {
     separator += "==--";
   }
+  const auto before = Length();
   WriteLine(separator);
-  Reopen();
+  Reopen(before);
   on_ = false;
 }
 

@@ -62,8 +62,9 @@ class EventLog {
   void SetIndicator(bool on) { on_ = on; }
   bool Indicator() const { return on_; }
 
-  // One entry; the file is closed and opened again behind it, so that it is on disk whatever happens then. An entry
-  // whose code contains "START" anywhere has a separator line in front.
+  // One entry; the file is closed and opened again behind it, so that it is on disk whatever happens then; of one that
+  // could not be written whole nothing stays. An entry whose code contains "START" anywhere has a separator line in
+  // front.
   // The failure, if it could not be written; nothing while the log is off or could not be opened at all.
   std::optional<FileError> Write(std::string_view code, std::string_view message);
 
@@ -81,7 +82,9 @@ class EventLog {
 
  private:
   void WriteLine(std::string_view line);
-  std::optional<FileError> Reopen();
+  // Nothing where the log is no regular file.
+  std::optional<uintmax_t> Length() const;
+  std::optional<FileError> Reopen(std::optional<uintmax_t> before);
   FileError Fail(int errnoValue);
 
   const std::string path_;

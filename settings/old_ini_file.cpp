@@ -31,6 +31,9 @@ OldIniFile::ReadResult OldIniFile::Read(const std::string& directory, std::strin
                 upper + ".EXE.  \r\nThat directory is:   " + directory + "\r\nMove the INI file there and try again."};
   }
   const std::string path = JoinPath(directory, *found);
+  if (const auto wrong = NotSmallRegular(path)) {
+    return OpenFailure(path, {wrong->error.number, wrong->reason});
+  }
   const FileHandle file(std::fopen(path.c_str(), "rb"));
   if (file == nullptr) {
     return OpenFailure(path, RunTimeErrorOfErrno(errno));

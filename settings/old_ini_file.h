@@ -29,6 +29,7 @@ class OldIniFile {
   };
   // Reads the file of that base name in `directory`, whatever its letter case. Fields end at line ends and commas;
   // those that begin with ";" or "[" are skipped, the others are cut at their first "=". Entries past 200 are dropped.
+  // What is no regular file or too large for one (NotSmallRegular) is not read.
   ReadResult Read(const std::string& directory, std::string_view baseName);
 
   bool Loaded() const;

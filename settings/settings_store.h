@@ -23,11 +23,25 @@ class SettingsStore {
   virtual void Save(std::string_view application, std::string_view section, std::string_view key,
                     std::string_view value) = 0;
 
-  // Saves between the two calls reach the disk together, at the second.
+  // Brings everything to the disk at once, even inside a batch; false when that failed.
+  virtual bool Flush() { return true; }
+
+ private:
+  friend class SettingsBatch;
   virtual void BeginBatch() {}
   virtual void EndBatch() {}
-  // Brings everything to the disk at once; false when that failed.
-  virtual bool Flush() { return true; }
+};
+
+// While one lives saves are collected; they reach the disk together when the outermost goes.
+class SettingsBatch {
+ public:
+  explicit SettingsBatch(SettingsStore& store) : store_(store) { store_.BeginBatch(); }
+  ~SettingsBatch() { store_.EndBatch(); }
+  SettingsBatch(const SettingsBatch&) = delete;
+  SettingsBatch& operator=(const SettingsBatch&) = delete;
+
+ private:
+  SettingsStore& store_;
 };
 
 }  // namespace quorvane

@@ -59,12 +59,11 @@ StartUpRead::StartUpRead(std::string programDirectory, SettingsStore& store, Eve
     : directory_(std::move(programDirectory)), store_(store), log_(log), site_(site) {}
 
 LexiconChoice StartUpRead::Run() {
-  store_.BeginBatch();
+  const SettingsBatch batch(store_);
   if (FindIgnoringCase(directory_, kOldIniFileName)) {
     ReadOldFile();
   }
   ReadStore();
-  store_.EndBatch();
   return lexicon_;
 }
 

@@ -50,10 +50,11 @@ void StartUp::BeginWindow() {
 }
 
 void StartUp::OpenLog() {
-  services_.settings.BeginBatch();
-  SaveSetting(services_.settings, Setting::Version, VersionText());
-  SaveSetting(services_.settings, Setting::Compiled, BuildDate());
-  services_.settings.EndBatch();
+  {
+    const SettingsBatch batch(services_.settings);
+    SaveSetting(services_.settings, Setting::Version, VersionText());
+    SaveSetting(services_.settings, Setting::Compiled, BuildDate());
+  }
   services_.log.Open();
   services_.log.SetIndicator(IsYes(GetSetting(services_.settings, Setting::WriteToLogFile)));
   options_.Apply(Option::WideScreen, IsYes(GetSetting(services_.settings, Setting::WideScreen)));

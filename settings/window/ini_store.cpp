@@ -2,15 +2,15 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QLockFile>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QUrl>
 #include <cerrno>
 #include <cstdio>
-#include <sstream>
+#include <filesystem>
 
 #include "base/window/qt_text.h"
 
@@ -61,14 +61,43 @@ QSet<QString> MisreadPaths(const std::string& bytes) {
   return keys;
 }
 
-qsizetype LinesOfKeys(const std::string& bytes) {
-  qsizetype lines = 0;
-  std::istringstream text(bytes);
-  for (std::string line; std::getline(text, line);) {
-    lines += line.find('=') != std::string::npos ? 1 : 0;
+QMap<QString, QVariant> ValuesOf(const QSettings& settings) {
+  QMap<QString, QVariant> values;
+  for (const QString& key : settings.allKeys()) {
+    values[key] = settings.value(key);
   }
-  return lines;
+  return values;
 }
+
+// The keys without the slashes between section and key: in a file without sections they come and go.
+QSet<QString> KeysIn(const QMap<QString, QVariant>& values) {
+  QSet<QString> keys;
+  for (QString key : values.keys()) {
+    keys.insert(key.remove('/'));
+  }
+  return keys;
+}
+
+// A file of bytes under a name that nobody else uses: QSettings takes a file that it has seen for unchanged when size
+// and time are the same. Gone with the object.
+class ScratchFile {
+ public:
+  explicit ScratchFile(const std::string& bytes) : path_(folder_.filePath("settings.conf")) {
+    if (!folder_.isValid()) {
+      error_ =
+          FileError{MakeRunTimeError(kErrorPathFileAccess), ToText(QDir::tempPath()), ToText(folder_.errorString())};
+    } else {
+      error_ = ReplaceFile(ToText(path_), [&bytes](FileWriter& out) { out.Write(bytes); });
+    }
+  }
+  const QString& Path() const { return path_; }
+  const std::optional<FileError>& Error() const { return error_; }
+
+ private:
+  const QTemporaryDir folder_;
+  const QString path_;
+  std::optional<FileError> error_;
+};
 
 }  // namespace
 
@@ -80,10 +109,14 @@ QString SettingsFileName() {
 }
 
 IniStore::IniStore(const QString& fileName, std::function<void(const FileError&)> onFailure)
-    : file_(fileName, QSettings::IniFormat),
-      misread_(MisreadPaths(BytesOf(fileName))),
-      onFailure_(std::move(onFailure)) {
-  file_.setFallbacksEnabled(false);
+    : fileName_(fileName), onFailure_(std::move(onFailure)) {
+  if (NotSmallRegular(ToText(fileName))) {
+    return;
+  }
+  const std::string bytes = BytesOf(fileName);
+  misread_ = MisreadPaths(bytes);
+  const ScratchFile scratch(bytes);
+  values_ = ValuesOf(QSettings(scratch.Error() ? fileName : scratch.Path(), QSettings::IniFormat));
 }
 
 std::string IniStore::Get(std::string_view application, std::string_view section, std::string_view key,
@@ -136,7 +169,6 @@ void IniStore::Sync() {
   const auto error = Write();
   if (!error) {
     changes_.clear();
-    file_.sync();
   } else if (!told_) {
     told_ = true;
     onFailure_(*error);
@@ -144,27 +176,29 @@ void IniStore::Sync() {
 }
 
 std::optional<FileError> IniStore::Write() {
-  const std::string path = ToText(file_.fileName());
-  const QDir folder = QFileInfo(file_.fileName()).dir();
-  folder.mkpath(".");
-  QLockFile lock(file_.fileName() + ".lock");
+  const std::string path = ToText(fileName_);
+  if (auto error = NotSmallRegular(path)) {
+    return error;
+  }
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::absolute(path, error).parent_path();
+  if (std::filesystem::create_directories(folder, error); error) {
+    return FileErrorOfErrno(folder.string(), error.value());
+  }
+  QLockFile lock(fileName_ + ".lock");
   lock.tryLock(kLockMilliseconds);
-  file_.sync();  // Somebody may have changed the file meanwhile.
   // What can't be read is not replaced by the little that is known of it.
   if (const FileHandle readable(std::fopen(path.c_str(), "rb")); readable == nullptr && errno != ENOENT) {
     return FileErrorOfErrno(path, errno);
   }
-  const std::string before = BytesOf(file_.fileName());
+  const std::string before = BytesOf(fileName_);  // Somebody may have changed the file meanwhile.
+  const ScratchFile made(before);
+  if (made.Error()) {
+    return made.Error();
+  }
+  QSettings settings(made.Path(), QSettings::IniFormat);
+  values_ = ValuesOf(settings);
   misread_.unite(MisreadPaths(before));
-  const QTemporaryDir scratch(folder.filePath("settings-XXXXXX"));
-  if (!scratch.isValid()) {
-    return FileError{MakeRunTimeError(kErrorPathFileAccess), path, ToText(scratch.errorString())};
-  }
-  const QString made = scratch.filePath("settings.conf");
-  if (auto error = ReplaceFile(ToText(made), [&before](FileWriter& out) { out.Write(before); })) {
-    return error;
-  }
-  QSettings settings(made, QSettings::IniFormat);
   for (const QString& key : misread_) {
     settings.remove(key);
   }
@@ -172,12 +206,21 @@ std::optional<FileError> IniStore::Write() {
     settings.setValue(change.key(), change.value());
   }
   settings.sync();
-  const std::string bytes = BytesOf(made);
-  // A disk that is nearly full gives a file that breaks off, and no error: each key has its line.
-  if (!bytes.ends_with('\n') || LinesOfKeys(bytes) < settings.allKeys().size()) {
+  const std::string bytes = BytesOf(made.Path());
+  const ScratchFile copy(bytes);
+  if (copy.Error()) {
+    return copy.Error();
+  }
+  auto written = ValuesOf(QSettings(copy.Path(), QSettings::IniFormat));
+  // A disk that is nearly full gives a file that breaks off, and no error.
+  if (!bytes.ends_with('\n') || KeysIn(written) != KeysIn(ValuesOf(settings))) {
     return FileError{MakeRunTimeError(kErrorDiskFull), path, "it could not be written whole"};
   }
-  return ReplaceFile(path, [&bytes](FileWriter& out) { out.Write(bytes); });
+  const auto failure = ReplaceFile(path, [&bytes](FileWriter& out) { out.Write(bytes); });
+  if (!failure) {
+    values_ = std::move(written);
+  }
+  return failure;
 }
 
 }  // namespace quorvane

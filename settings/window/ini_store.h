@@ -3,7 +3,6 @@
 
 #include <QMap>
 #include <QSet>
-#include <QSettings>
 #include <QVariant>
 #include <functional>
 #include <optional>
@@ -14,8 +13,10 @@
 
 namespace quorvane {
 
-// Reads with QSettings, and lets QSettings make the bytes of a changed file; the file itself is replaced like every
-// other of the program's: whole or not at all.
+// QSettings reads the bytes and makes those of a changed file, in scratch files in the temporary folder; the file
+// itself is replaced like every other of the program's: whole or not at all. What was read or written last is what
+// holds until the next save, which looks at the file again. A file that is no regular one or too large for one is left
+// alone.
 class IniStore : public SettingsStore {
  public:
   // `onFailure` is called once, when the file can't be read or written; choices then live in memory until it can.
@@ -26,18 +27,19 @@ class IniStore : public SettingsStore {
   bool IsDamaged(std::string_view application, std::string_view section, std::string_view key) const override;
   void Save(std::string_view application, std::string_view section, std::string_view key,
             std::string_view value) override;
-  void BeginBatch() override { ++batches_; }
-  void EndBatch() override;
   bool Flush() override;
 
-  QString FileName() const { return file_.fileName(); }
+  QString FileName() const { return fileName_; }
 
  private:
-  QVariant Value(const QString& name) const { return changes_.value(name, file_.value(name)); }
+  void BeginBatch() override { ++batches_; }
+  void EndBatch() override;
+  QVariant Value(const QString& name) const { return changes_.value(name, values_.value(name)); }
   void Sync();
   std::optional<FileError> Write();
 
-  QSettings file_;                   // The file as it stands; nothing is ever set in it.
+  const QString fileName_;
+  QMap<QString, QVariant> values_;   // What the file held when it was read or written last.
   QMap<QString, QVariant> changes_;  // What is not in the file yet.
   // The keys of paths that were misread and not saved since; the first write takes them out of the file.
   QSet<QString> misread_;
