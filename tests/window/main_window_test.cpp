@@ -191,10 +191,19 @@ TEST_F(MainWindowTest, WindowsOfHelp) {
                     const QString text = In<QTextEdit>(dialog, "helpText")->toPlainText();
                     EXPECT_TRUE(text.contains("@\nany vowel\n")) << ToText(text);
                   }};
-  for (const char* item : {"menHelpByLetter", "menHelpByLength", "menWildcardSumm", "menHelpHelp"}) {
+  door.scripts.push_back([this](QDialog& dialog) {
+    EXPECT_EQ(In<QLabel>(dialog, "lblWordCount")->text(), "18");
+    EXPECT_EQ(In<QLabel>(dialog, "lblSettings")->text(), FromText(dir.File("quorvane.conf")));
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    ClickOn(In(dialog, "cmdSysInfo"));
+    qputenv("PATH", path);
+    EXPECT_EQ(door.TakeText(), "System Information Is Unavailable At This Time");
+  });
+  for (const char* item : {"menHelpByLetter", "menHelpByLength", "menWildcardSumm", "menHelpHelp", "menHelpAbout"}) {
     Item(item)->trigger();
   }
-  EXPECT_EQ(door.TakeDialogs(), (Texts{"frmInfoLetter", "frmInfoLength", "frmWildSumm", "frmHelp"}));
+  EXPECT_EQ(door.TakeDialogs(), (Texts{"frmInfoLetter", "frmInfoLength", "frmWildSumm", "frmHelp", "frmAbout"}));
   std::filesystem::remove(dir.File("Quorvane.hlp"));
   Key(Qt::Key_F1);
   EXPECT_NE(door.TakeText().find(dir.File("Quorvane.hlp")), std::string::npos);
@@ -240,12 +249,17 @@ TEST_F(MainWindowTest, TypingExplainsAndRefuses) {
     }
     EXPECT_FALSE(StatusIsBold()) << typed;
   }
+  Type("ab");  // What is refused leaves the caret where it was.
+  Find<QLineEdit>("tbInput")->setCursorPosition(1);
+  QTest::keyClicks(Find("tbInput"), "&c");
+  EXPECT_EQ(Text("tbInput"), "acb");
 }
 
 TEST_F(MainWindowTest, AnEmptyPatternAsksForOne) {
   ASSERT_TRUE(Start());
   Search("c?t");
-  Search("");
+  Type("");
+  Click("btnFindWords");
   EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
   EXPECT_EQ(CountLog("WORDS "), 1);
   EXPECT_NE(Status(), "2 words found");
@@ -440,6 +454,9 @@ TEST_F(MainWindowTest, ADirectoryInPlaceOfTheLogIsToldOnce) {
   Search("*a*");
   EXPECT_EQ(failures.size(), 1U);
   EXPECT_EQ(Status(), "10 words found");
+  Item("menClearLog")->trigger();
+  EXPECT_TRUE(Status().starts_with("The Log File could not be cleared: ")) << Status();
+  EXPECT_EQ(door.TakeText(), Status());
   window->close();
   EXPECT_EQ(exits, std::vector<int>{0});
 }
