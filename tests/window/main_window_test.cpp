@@ -55,12 +55,6 @@ TEST_F(MainWindowTest, AFirstStartIsReadyAndWritesItsDiaryInOrder) {
   EXPECT_TRUE(failures.empty());
 }
 
-TEST_F(MainWindowTest, OneWordIsCountedInTheSingular) {
-  dir.Write("words.lex", "cat\r\n");
-  ASSERT_TRUE(Start());
-  EXPECT_EQ(CountLog("WORDCT 1 word defined in lexicon file 'words.lex'"), 1);
-}
-
 // Wherever the focus is, a list box that has keys of its own included.
 TEST_F(MainWindowTest, FunctionKeysOpenTheirWindows) {
   dir.Write("Quorvane.hlp", "<p>Help</p>");
@@ -88,30 +82,51 @@ TEST_F(MainWindowTest, FunctionKeysOpenTheirWindows) {
   }
 }
 
-TEST_F(MainWindowTest, FunctionKeysChooseTheMode) {
+TEST_F(MainWindowTest, KeysItemsAndButtonsChooseTheMode) {
   ASSERT_TRUE(Start());
-  struct Row {
+  struct Mode {
     Qt::Key key;
-    const char* text;  // In the pattern box.
-    const char *ticked, *caption;
+    const char *item, *button, *caption;
   };
-  for (const auto& [key, text, ticked, caption] : {
-           Row{Qt::Key_F10, "noon", "menWordTypePalindrome", "Pali&ndrome"},
-           Row{Qt::Key_F9, "noon", "menWordTypeWordList", "&Words"},
-           Row{Qt::Key_F11, "noon", "menWordTypeAnagram", "&Anagrams"},
-           Row{Qt::Key_F12, "noon", "menWordTypeAnagramExact", "&Anagrams"},
-           Row{Qt::Key_F9, "n*n", "menWordTypeWordList", "&Words"},
-           Row{Qt::Key_F11, "n*n", "menWordTypeWordList", "&Words"},
-           Row{Qt::Key_F10, "n*n", "menWordTypePalindrome", "Pali&ndrome"},
+  const Mode words{Qt::Key_F9, "menWordTypeWordList", "rbQuorvane", "&Words"};
+  const Mode palindromes{Qt::Key_F10, "menWordTypePalindrome", "rbPalindrome", "Pali&ndrome"};
+  const Mode all{Qt::Key_F11, "menWordTypeAnagram", "rbAnagram", "&Anagrams"};
+  const Mode exact{Qt::Key_F12, "menWordTypeAnagramExact", "rbAnagramExact", "&Anagrams"};
+  struct Row {
+    const char* text;
+    const Mode &wanted, &chosen;
+  };
+  for (const auto& [text, wanted, chosen] : {
+           Row{"noon", palindromes, palindromes},
+           Row{"noon", words, words},
+           Row{"noon", all, all},
+           Row{"noon", exact, exact},
+           Row{"n*n", words, words},
+           Row{"n*n", all, words},
+           Row{"n*n", exact, words},
+           Row{"n*n", palindromes, palindromes},
        }) {
-    Type(text);
-    Find("cbLenTo")->setFocus();
-    Key(key);
-    EXPECT_EQ(TickedModes(), Texts{ticked}) << text;
-    EXPECT_EQ(Text("btnFindWords"), caption) << text;
-    const bool acted = key == Qt::Key_F9 || key == Qt::Key_F10 || std::string(text) == "noon";
-    EXPECT_EQ(Find("tbInput")->hasFocus(), acted) << text;
+    for (const char* way : {"key", "item", "button"}) {
+      SCOPED_TRACE(std::string(text) + " " + wanted.item + " by " + way);
+      Key(Qt::Key_F9);
+      Type(text);
+      Find("cbLenTo")->setFocus();
+      const bool byKey = way == std::string_view("key");
+      if (byKey) {
+        Key(wanted.key);
+      } else if (way == std::string_view("item")) {
+        Item(wanted.item)->trigger();
+      } else {
+        Click(wanted.button);
+      }
+      EXPECT_EQ(TickedModes(), Texts{chosen.item});
+      EXPECT_TRUE(Find<QRadioButton>(chosen.button)->isChecked());
+      EXPECT_EQ(Text("btnFindWords"), chosen.caption);
+      EXPECT_EQ(Find("tbInput")->hasFocus(), byKey && &wanted == &chosen);
+    }
   }
+  Type("%1n");
+  EXPECT_FALSE(Item("menWordTypePalindrome")->isEnabled() || Find("rbPalindrome")->isEnabled());
 }
 
 TEST_F(MainWindowTest, LookUpAndSaveKeysActOnlyWhileTheirCommandsDo) {
@@ -176,14 +191,20 @@ TEST_F(MainWindowTest, WindowsOfHelp) {
                     const QString text = In<QTextEdit>(dialog, "helpText")->toPlainText();
                     EXPECT_TRUE(text.contains("@\nany vowel\n")) << ToText(text);
                   }};
-  for (const char* item : {"menHelpByLetter", "menHelpByLength", "menWildcardSumm", "menHelpHelp"}) {
+  door.scripts.push_back([this](QDialog& dialog) {
+    EXPECT_EQ(In<QLabel>(dialog, "lblWordCount")->text(), "18");
+    EXPECT_EQ(In<QLabel>(dialog, "lblSettings")->text(), FromText(dir.File("quorvane.conf")));
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    ClickOn(In(dialog, "cmdSysInfo"));
+    qputenv("PATH", path);
+    EXPECT_EQ(door.TakeText(), "System Information Is Unavailable At This Time");
+  });
+  for (const char* item : {"menHelpByLetter", "menHelpByLength", "menWildcardSumm", "menHelpHelp", "menHelpAbout"}) {
     Item(item)->trigger();
   }
-  EXPECT_EQ(door.TakeDialogs(), (Texts{"frmInfoLetter", "frmInfoLength", "frmWildSumm", "frmHelp"}));
-}
-
-TEST_F(MainWindowTest, AMissingHelpFileIsNamed) {
-  ASSERT_TRUE(Start());
+  EXPECT_EQ(door.TakeDialogs(), (Texts{"frmInfoLetter", "frmInfoLength", "frmWildSumm", "frmHelp", "frmAbout"}));
+  std::filesystem::remove(dir.File("Quorvane.hlp"));
   Key(Qt::Key_F1);
   EXPECT_NE(door.TakeText().find(dir.File("Quorvane.hlp")), std::string::npos);
 }
@@ -228,12 +249,17 @@ TEST_F(MainWindowTest, TypingExplainsAndRefuses) {
     }
     EXPECT_FALSE(StatusIsBold()) << typed;
   }
+  Type("ab");  // What is refused leaves the caret where it was.
+  Find<QLineEdit>("tbInput")->setCursorPosition(1);
+  QTest::keyClicks(Find("tbInput"), "&c");
+  EXPECT_EQ(Text("tbInput"), "acb");
 }
 
 TEST_F(MainWindowTest, AnEmptyPatternAsksForOne) {
   ASSERT_TRUE(Start());
   Search("c?t");
-  Search("");
+  Type("");
+  Click("btnFindWords");
   EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
   EXPECT_EQ(CountLog("WORDS "), 1);
   EXPECT_NE(Status(), "2 words found");
@@ -241,64 +267,60 @@ TEST_F(MainWindowTest, AnEmptyPatternAsksForOne) {
 
 TEST_F(MainWindowTest, ListDialogs) {
   ASSERT_TRUE(Start());
-  struct Row {
+  struct List {
     Qt::Key key;
-    const char* stored;
+    const char *setting, *logged, *label, *item, *name;
+  };
+  const List inc{Qt::Key_F2, "SelectedChars", "SEL-UPD Updated Inc #[", "lblSelInc", "menSelectChars", "Inclusion"};
+  const List exc{Qt::Key_F3, "ExcludedChars", "EXC-UPD Updated Exc ![", "lblSelExc", "menExcludeChars", "Exclusion"};
+  const List scr{Qt::Key_F4, "ScrabbleChars", "SCR-UPD Updated Scr =[", "lblSelScr", "menScrabbleChars", "Scrabble"};
+  struct Row {
+    const List& list;
     const char* typed;   // Key by key, after the old text is gone.
     const char* pasted;  // Instead.
     const char* kept;
-    const char* code;  // Of the log entry with the list.
-    const char *label, *name;
-  };
-  const std::vector<Row> rows = {
-      {Qt::Key_F2, "xyz", "abca", nullptr, "abc", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},
-      {Qt::Key_F2, "xyz", "ab1", nullptr, "ab", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},
-      {Qt::Key_F2, "xyz", nullptr, "a1b?a\xC3\xA9 c\nd", "abcd", "SEL-UPD Updated Inc #[", "lblSelInc", "Inclusion"},
-      {Qt::Key_F3, "xyz", "", nullptr, "", "EXC-UPD Updated Exc ![", "lblSelExc", "Exclusion"},
-      {Qt::Key_F4, "xyz", "aab?-", nullptr, "aab?-", "SCR-UPD Updated Scr =[", "lblSelScr", "Scrabble"},
-      {Qt::Key_F4, "xyz", nullptr, "a!?a*-3", "a?a-", "SCR-UPD Updated Scr =[", "lblSelScr", "Scrabble"},
-  };
-  const auto keyOf = [](const Row& row) {
-    return row.key == Qt::Key_F2 ? "SelectedChars" : row.key == Qt::Key_F3 ? "ExcludedChars" : "ScrabbleChars";
   };
   for (const bool ok : {true, false}) {
-    for (const Row& row : rows) {
-      Store("Selection", keyOf(row), row.stored);
+    for (const auto& [list, typed, pasted, kept] : {
+             Row{inc, "abca", nullptr, "abc"},
+             Row{inc, "ab1", nullptr, "ab"},
+             Row{inc, nullptr, "a1b?a\xC3\xA9 c\nd", "abcd"},
+             Row{exc, "", nullptr, ""},
+             Row{scr, "aab?-", nullptr, "aab?-"},
+             Row{scr, nullptr, "a!?a*-3", "a?a-"},
+         }) {
+      SCOPED_TRACE(kept);
+      Store("Selection", list.setting, "xyz");
       NewLog();
       door.scripts.push_back([&](QDialog& dialog) {
         auto* box = In<QLineEdit>(dialog, "tbChangeInput");
-        EXPECT_EQ(box->text(), row.stored);
+        EXPECT_EQ(box->text(), "xyz");
         EXPECT_EQ(box->cursorPosition(), 3);
         box->selectAll();
         QTest::keyClick(box, Qt::Key_Delete);
-        if (row.pasted != nullptr) {
-          QApplication::clipboard()->setText(QString::fromUtf8(row.pasted));
+        if (pasted != nullptr) {
+          QApplication::clipboard()->setText(QString::fromUtf8(pasted));
           QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
         } else {
-          QTest::keyClicks(box, row.typed);
+          QTest::keyClicks(box, typed);
         }
-        EXPECT_EQ(ToText(box->text()), row.kept);
-        EXPECT_EQ(box->cursorPosition(), static_cast<int>(std::string(row.kept).size()));
-        if (row.key == Qt::Key_F4) {
-          const auto count = std::string(row.kept).size();
-          EXPECT_EQ(ToText(In<QLabel>(dialog, "lblNoChars")->text()),
-                    std::to_string(count) + (count == 1 ? " character" : " characters"));
+        EXPECT_EQ(ToText(box->text()), kept);
+        EXPECT_EQ(box->cursorPosition(), box->text().size());
+        if (list.key == Qt::Key_F4) {
+          EXPECT_EQ(In<QLabel>(dialog, "lblNoChars")->text(), QString::number(box->text().size()) + " characters");
         }
         ClickOn(In(dialog, ok ? "cmdOK" : "cmdCancel"));
         EXPECT_FALSE(dialog.isVisible());
       });
-      Key(row.key);
-      const std::string list = ok ? row.kept : row.stored;
-      EXPECT_EQ(Setting("Selection", keyOf(row)), list);
-      EXPECT_EQ(Text(row.label), list);
-      const std::string bracket = "[" + ToText(FromText(list).toLower()) + "]";
-      EXPECT_EQ(Status(),
-                row.name + std::string(ok ? " list is now set to " : " list was unchanged, and remains as ") + bracket);
-      EXPECT_EQ(NewLog(), ok ? Texts{row.code + list + "]"} : Texts{});
-      const char* item = row.key == Qt::Key_F2   ? "menSelectChars"
-                         : row.key == Qt::Key_F3 ? "menExcludeChars"
-                                                 : "menScrabbleChars";
-      EXPECT_TRUE(ToText(Item(item)->text()).ends_with(" ... currently " + bracket)) << ToText(Item(item)->text());
+      Key(list.key);
+      const std::string stored = ok ? kept : "xyz";
+      EXPECT_EQ(Setting("Selection", list.setting), stored);
+      EXPECT_EQ(Text(list.label), stored);
+      EXPECT_EQ(Status(), list.name +
+                              std::string(ok ? " list is now set to [" : " list was unchanged, and remains as [") +
+                              stored + "]");
+      EXPECT_EQ(NewLog(), ok ? Texts{list.logged + stored + "]"} : Texts{});
+      EXPECT_TRUE(ToText(Item(list.item)->text()).ends_with(" ... currently [" + stored + "]"));
     }
   }
   EXPECT_EQ(ToText(Item("menScrabbleChars")->text()), "F4: &Scrabble chars for = ... currently [xyz]");
@@ -432,6 +454,9 @@ TEST_F(MainWindowTest, ADirectoryInPlaceOfTheLogIsToldOnce) {
   Search("*a*");
   EXPECT_EQ(failures.size(), 1U);
   EXPECT_EQ(Status(), "10 words found");
+  Item("menClearLog")->trigger();
+  EXPECT_TRUE(Status().starts_with("The Log File could not be cleared: ")) << Status();
+  EXPECT_EQ(door.TakeText(), Status());
   window->close();
   EXPECT_EQ(exits, std::vector<int>{0});
 }

@@ -22,9 +22,7 @@ TEST_F(PrintWindowTest, PrintingIsOfferedOnlyWithWordsAndAPrinter) {
   Search("*a*");
   EXPECT_FALSE(Find("cmdPrint")->isEnabled());
   door.scripts.push_back([](QDialog& dialog) {
-    auto* printers = In<QComboBox>(dialog, "cbPrinter");
-    printers->setFocus();
-    QTest::keyClick(printers, Qt::Key_End);
+    ChooseIn(In<QComboBox>(dialog, "cbPrinter"), kPdfPrinter);
     ClickOn(In(dialog, "cmdOK"));
   });
   Item("menFilePrinterSetup")->trigger();
@@ -112,22 +110,12 @@ TEST_F(PrintWindowTest, TheSetupStoresEachChoiceAtOnce) {
   door.scripts.push_back([this](QDialog& dialog) {
     const auto estimate = [&] { return ToText(In<QLabel>(dialog, "lblPageInfo")->text()); };
     EXPECT_EQ(estimate(), "For current selection : 1 page(s), with 132 words per page.");
-    const auto choose = [&](const char* name, const QString& entry) {
-      auto* list = In<QComboBox>(dialog, name);
-      const int row = list->findText(entry);
-      ASSERT_GE(row, 0) << name;
-      list->setFocus();
-      QTest::keyClick(list, Qt::Key_Home);
-      while (list->currentIndex() < row) {
-        QTest::keyClick(list, Qt::Key_Down);
-      }
-    };
-    choose("cbColumns", "2");
+    ChooseIn(In<QComboBox>(dialog, "cbColumns"), "2");
     EXPECT_EQ(Setting("Printer", "PrinterColumns"), "2");
     EXPECT_EQ(estimate(), "For current selection : 1 page(s), with 88 words per page.");
-    choose("cbFontSize", "25");
+    ChooseIn(In<QComboBox>(dialog, "cbFontSize"), "25");
     EXPECT_EQ(Setting("Printer", "FontSize"), "25");
-    choose("cbPaperSize", "Legal");
+    ChooseIn(In<QComboBox>(dialog, "cbPaperSize"), "Legal");
     EXPECT_EQ(Setting("Printer", "PaperSize"), "Legal");
     ClickOn(In(dialog, "chkItalic"));
     EXPECT_EQ(Setting("Printer", "Italic"), "Yes");

@@ -1,18 +1,6 @@
 #include "tests/window/window_fixture.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-#include <QWindow>
 #include <sstream>
-
-#include "base/window/qt_text.h"
 
 namespace quorvane::test {
 
@@ -146,10 +134,9 @@ void WindowTest::Click(const char* name) {
   ClickOn(Find(name));
 }
 
-void WindowTest::Choose(const char* name, const QString& entry) {
-  auto* list = Find<QComboBox>(name);
+void ChooseIn(QComboBox* list, const QString& entry) {
   const int row = list->findText(entry);
-  ASSERT_GE(row, 0) << name;
+  ASSERT_GE(row, 0) << ToText(entry);
   list->setFocus();
   QTest::keyClick(list, Qt::Key_Home);
   while (list->currentIndex() < row) {

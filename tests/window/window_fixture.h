@@ -4,31 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDesktopServices>
-#include <QDialog>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProcess>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSlider>
-#include <QStandardPaths>
-#include <QTest>
-#include <QTextEdit>
-#include <QTimer>
-#include <QTreeView>
-#include <QUrl>
+#include <QtTest>
+#include <QtWidgets>
 #include <deque>
 #include <filesystem>
 #include <functional>
@@ -73,6 +50,9 @@ class ScriptedRandom : public RandomSource {
   std::deque<double> fractions;
 };
 
+// Chooses an entry of a combo box with the keys.
+void ChooseIn(QComboBox* list, const QString& entry);
+
 class WindowTest : public testing::Test {
  protected:
   static constexpr const char* kWords[] = {"a",     "ab",    "abba",   "aha",  "bat",    "cat", "cot", "deed",   "eat",
@@ -99,8 +79,7 @@ class WindowTest : public testing::Test {
   void Search(const QString& text);
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
   void Click(const char* name);
-  // Chooses an entry of a combo box with the keys.
-  void Choose(const char* name, const QString& entry);
+  void Choose(const char* name, const QString& entry) { ChooseIn(Find<QComboBox>(name), entry); }
   void SelectEntry(int row);
   std::vector<std::string> Entries();
 
