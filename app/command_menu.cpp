@@ -9,8 +9,9 @@
 
 namespace quorvane {
 
-CommandMenu::CommandMenu(QMainWindow& window, Controllers controllers, std::function<CommandState()> state)
-    : controllers_(controllers), state_(std::move(state)) {
+CommandMenu::CommandMenu(QMainWindow& window, Controllers controllers, std::function<CommandState()> state,
+                         Runner runner)
+    : controllers_(controllers), state_(std::move(state)), runner_(std::move(runner)) {
   for (const MenuRow& row : Menus()) {
     menus_[row.menu] = window.menuBar()->addMenu(FromText(row.caption));
     menus_[row.menu]->setObjectName(FromText(row.name));
@@ -25,9 +26,13 @@ CommandMenu::CommandMenu(QMainWindow& window, Controllers controllers, std::func
     action->setCheckable(row.ticked != nullptr);
     items_.push_back({&row, action});
     if (row.run != nullptr) {
-      QObject::connect(action, &QAction::triggered, &window, [this, &row] { row.run(controllers_, row.which); });
+      QObject::connect(action, &QAction::triggered, &window, [this, &row] { Run(row); });
     }
   }
+}
+
+void CommandMenu::Run(const CommandRow& row) const {
+  runner_(row.caption, [&] { row.run(controllers_, row.which); });
 }
 
 void CommandMenu::OnOpening(Menu menu, const std::function<void()>& handler) {
@@ -56,7 +61,7 @@ void CommandMenu::Update(const CommandState& state) {
 const CommandRow* CommandMenu::RunKey(int functionKey) const {
   const CommandRow* row = CommandOfKey(functionKey);
   if (row != nullptr && (row->enabled == nullptr || row->keyActsAlways || row->enabled(state_()))) {
-    row->run(controllers_, row->which);
+    Run(*row);
     return row;
   }
   return nullptr;

@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 #include <map>
+#include <string_view>
 #include <vector>
 
 #include "app/command_table.h"
@@ -16,8 +17,10 @@ namespace quorvane {
 
 class CommandMenu {
  public:
+  // Carries a command out; told its name, too.
+  using Runner = std::function<void(std::string_view name, const std::function<void()>& command)>;
   // Makes the menus of `window`'s bar; `state` is asked when a key is pressed. All outlive this.
-  CommandMenu(QMainWindow& window, Controllers controllers, std::function<CommandState()> state);
+  CommandMenu(QMainWindow& window, Controllers controllers, std::function<CommandState()> state, Runner runner);
 
   // Called before a menu opens.
   void OnOpening(Menu menu, const std::function<void()>& handler);
@@ -29,6 +32,8 @@ class CommandMenu {
   const CommandRow* RunKey(int functionKey) const;
 
  private:
+  void Run(const CommandRow& row) const;
+
   struct Item {
     const CommandRow* row;
     QAction* action;
@@ -36,6 +41,7 @@ class CommandMenu {
 
   Controllers controllers_;
   std::function<CommandState()> state_;
+  Runner runner_;
   std::map<Menu, QMenu*> menus_;
   std::vector<Item> items_;
 };

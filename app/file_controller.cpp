@@ -1,6 +1,7 @@
 #include "app/file_controller.h"
 
 #include "app/frm_amend.h"
+#include "app/frm_help.h"
 #include "app/start/shut_down.h"
 #include "base/program_directory.h"
 #include "base/text.h"
@@ -36,6 +37,10 @@ class MovingBar {
   View& view_;
 };
 
+std::string NotSavedText(const FileError& error) {
+  return "The word list could not be saved to " + error.Text();
+}
+
 }  // namespace
 
 FileController::FileController(FileView& view, Session& session, Services& services)
@@ -46,28 +51,47 @@ void FileController::ReportErrors(const std::string& text) {
   services_.log.Write(event::kError, text);
 }
 
-bool FileController::LoadLexiconFile(const std::string& path) {
+std::shared_ptr<const Lexicon> FileController::ReadLexicon(const std::string& path) {
+  if (const auto irregular = NotRegular(path)) {
+    session_.stopFlag = true;
+    session_.exitStatus = 1;
+    ReportErrors(irregular->Text());
+    return nullptr;
+  }
   const LoadResult result = [&] {
     const Hourglass hourglass;
     const MovingBar bar(view_);
     return LoadLexicon(path, kLexiconCapacity, TextSource::Read, bar.Mover());
   }();
   const LoadReport report = ReportOf(result);
-  if (result.outcome == LoadOutcome::ListError) {
-    FrmLexProblem problem(result, view_.Window());
-    services_.door.Run(problem);
-  } else if (result.outcome != LoadOutcome::Ok) {
-    services_.door.Show(view_.Window(), report.boxText);
+  // Before the box: the entry is there, and the status set, however the box is left.
+  if (!result.Usable()) {
+    session_.stopFlag = true;
+    session_.exitStatus = 1;
   }
   if (result.outcome != LoadOutcome::Ok) {
     services_.log.Write(report.logCode, report.logText);
   }
-  if (!result.Usable()) {
-    session_.stopFlag = true;
-    ShutDown(services_, session_, 1);
+  if (result.outcome == LoadOutcome::ListError) {
+    FrmLexProblem problem(path, result, view_.Window());
+    services_.door.Run(problem);
+  } else if (result.outcome != LoadOutcome::Ok) {
+    services_.door.Show(view_.Window(), report.boxText);
+  }
+  return result.lexicon;
+}
+
+bool FileController::LoadLexiconFile(const std::string& path) {
+  const std::shared_ptr<const Lexicon> lexicon = ReadLexicon(path);
+  if (session_.ended) {
     return false;
   }
-  session_.lexicon = result.lexicon;
+  if (lexicon == nullptr) {
+    ShutDown(services_, session_);
+    return false;
+  }
+  session_.lexicon = lexicon;
+  session_.lexiconPath = path;
   return true;
 }
 
@@ -94,22 +118,33 @@ void FileController::OpenNewLexicon() {
                                           FormatThousands(count) + " words.");
 }
 
+std::vector<ProtectedFile> FileController::ProtectedFiles() const {
+  return {{session_.lexiconPath, "the lexicon in use"},
+          {services_.log.path(), "the log"},
+          {services_.settingsFile, "the settings file"},
+          {OwnOrInstalled(services_.programDirectory, ExecutableDirectory(), kHelpFileName), "the help"}};
+}
+
 void FileController::ChangeSaveName() {
-  FrmAmend dialog(services_, view_.Window());
+  FrmAmend dialog(services_, ProtectedFiles(), view_.Window());
   services_.door.Run(dialog);
 }
 
 bool FileController::WriteResults(bool automatic) {
   const std::string path = SaveFilePath(services_.settings, services_.programDirectory);
   SaveSetting(services_.settings, Setting::SaveFileName, path);
+  const std::string target = ResolvePath(services_.programDirectory, path);
+  if (const auto reason = WhyNotASaveFile(target, ProtectedFiles())) {
+    ReportSaveFailure("The word list could not be saved: " + *reason, automatic);
+    return false;
+  }
   const Search said = view_.Said();
   view_.ShowStatus(WritingStatus(view_.Results().FoundCount(), said));
   const Hourglass hourglass;
   const MovingBar bar(view_);
-  const auto error = WriteResultsFile(ResolvePath(services_.programDirectory, path), said, view_.Results(),
-                                      view_.Order(), bar.Mover());
+  const auto error = WriteResultsFile(target, said, view_.Results(), view_.Order(), bar.Mover());
   if (error) {
-    ReportSaveFailure(*error, automatic);
+    ReportSaveFailure(NotSavedText(*error), automatic);
     return false;
   }
   session_.lastSaveFailure.clear();
@@ -117,8 +152,7 @@ bool FileController::WriteResults(bool automatic) {
 }
 
 // The status line and the log say it every time; a box that autosave has shown is not shown again for the same reason.
-void FileController::ReportSaveFailure(const FileError& error, bool automatic) {
-  const std::string text = "The word list could not be saved to " + error.Text();
+void FileController::ReportSaveFailure(const std::string& text, bool automatic) {
   const bool shown = automatic && session_.lastSaveFailure == text;
   session_.lastSaveFailure = text;
   if (!shown) {
@@ -147,7 +181,7 @@ void FileController::SaveAsLexicon() {
   const Hourglass hourglass;
   const MovingBar bar(view_);
   if (const auto error = WriteResultsAsLexicon(path, view_.Results(), view_.Order(), bar.Mover())) {
-    ReportSaveFailure(*error, false);
+    ReportSaveFailure(NotSavedText(*error), false);
     return;
   }
   view_.ShowStatus("Current word list has been saved as lexicon \"" + name + "\"");

@@ -4,12 +4,14 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/services.h"
 #include "app/session.h"
 #include "app/view.h"
 #include "base/file.h"
 #include "results/result_list.h"
+#include "results/save_target.h"
 
 namespace quorvane {
 
@@ -49,7 +51,11 @@ class FileController {
 
  private:
   bool WriteResults(bool automatic);
-  void ReportSaveFailure(const FileError& error, bool automatic);
+  // The files that results never replace.
+  std::vector<ProtectedFile> ProtectedFiles() const;
+  // Null when the file is unusable, which has been said.
+  std::shared_ptr<const Lexicon> ReadLexicon(const std::string& path);
+  void ReportSaveFailure(const std::string& text, bool automatic);
   void ReportErrors(const std::string& text);
 
   FileView& view_;

@@ -11,7 +11,9 @@
 #include <QPushButton>
 #include <QStorageInfo>
 #include <QTreeView>
+#include <algorithm>
 
+#include "base/text.h"
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
 #include "settings/settings_table.h"
@@ -42,7 +44,8 @@ QString NearestDirectory(QString path) {
 
 }  // namespace
 
-FrmAmend::FrmAmend(Services& services, QWidget* parent) : QDialog(parent), services_(services) {
+FrmAmend::FrmAmend(Services& services, std::vector<ProtectedFile> files, QWidget* parent)
+    : QDialog(parent), services_(services), files_(std::move(files)) {
   setObjectName("frmAmend");
   setWindowTitle("Save File location change");
   auto* layout = new QVBoxLayout(this);
@@ -134,16 +137,37 @@ QString FrmAmend::Directory() const {
   return index.isValid() ? model_->filePath(index) : drives_->currentText();
 }
 
+void FrmAmend::Refuse(const std::string& text) {
+  services_.door.Show(this, text);
+  tbNewFileName_->setFocus();
+}
+
+bool FrmAmend::MayReplace(const std::string& path) {
+  if (const auto reason = WhyNotASaveFile(path, files_)) {
+    Refuse(*reason);
+    return false;
+  }
+  if (IsOwnSaveFile(path)) {
+    return true;
+  }
+  Question question;
+  question.text = FromText(path + " is not a word list of this program. Replace it?");
+  question.cancel = true;
+  return services_.door.Ask(this, question) == Answer::Ok;
+}
+
 void FrmAmend::Apply() {
   std::string name = ToText(tbNewFileName_->text());
   if (tbNewFileName_->text().trimmed().isEmpty()) {
-    services_.door.Show(this, "Please enter a file name.");
-    tbNewFileName_->setFocus();
+    Refuse("Please enter a file name.");
     return;
   }
   if (HasDirectory(name)) {
-    services_.door.Show(this, "'" + name + "' is no file name: choose the directory in the list above it.");
-    tbNewFileName_->setFocus();
+    Refuse("'" + name + "' is no file name: choose the directory in the list above it.");
+    return;
+  }
+  if (std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; })) {
+    Refuse("'" + QuotedText(name) + "' is no file name: it holds control characters.");
     return;
   }
   if (name.find('.') == std::string::npos) {
@@ -158,16 +182,14 @@ void FrmAmend::Apply() {
     return;
   }
   const std::string path = JoinPath(directory, name);
-  if (QFileInfo(FromText(path)).isDir()) {
-    services_.door.Show(this, path + " is a directory.");
-    tbNewFileName_->setFocus();
-    return;
-  }
   // The list shows another directory in its place, which nobody has chosen yet.
   if (!missing_.isEmpty() && !inProgramDirectory && Directory() == NearestDirectory(missing_)) {
     services_.door.Show(this, "The directory " + ToText(missing_) +
                                   " does not exist. Choose another one, or Apply again to use " + directory + ".");
     missing_.clear();
+    return;
+  }
+  if (!MayReplace(path)) {
     return;
   }
   SaveSetting(services_.settings, Setting::SaveFileName, path);

@@ -10,7 +10,9 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "app/guard.h"
 #include "app/start/shut_down.h"
 #include "base/version.h"
 #include "base/window/labels.h"
@@ -60,7 +62,9 @@ MainWindow::MainWindow(Services& services)
   menuBar()->setPalette(EveryRoleOf(QApplication::palette()));
   MakePanels();
   LayOut();
-  menu_ = std::make_unique<CommandMenu>(*this, Controllers{searching_, files_, options_}, [this] { return State(); });
+  menu_ = std::make_unique<CommandMenu>(
+      *this, Controllers{searching_, files_, options_}, [this] { return State(); },
+      [this](std::string_view name, const std::function<void()>& command) { Do(name, command); });
   menu_->OnOpening(Menu::Select, [this] { searching_.RefreshListCaptions(); });
   menu_->OnOpening(Menu::Options,
                    [this] { menu_->SetCaption(Command::ClearLog, 0, FromText(services_.log.ClearCaption())); });
@@ -78,7 +82,15 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::Start() {
-  return StartUp(*this, session_, services_, files_, options_).Run();
+  bool ready = false;
+  const bool done =
+      Guarded(services_, this, "Start", [&] { ready = StartUp(*this, session_, services_, files_, options_).Run(); });
+  if (!done && !session_.ended) {
+    session_.stopFlag = true;
+    session_.exitStatus = 1;
+    ShutDown(services_, session_);
+  }
+  return ready;
 }
 
 void MainWindow::MakePanels() {
@@ -148,26 +160,37 @@ void MainWindow::LayOut() {
   grid_->setColumnMinimumWidth(2, kRightColumnWidth);
 }
 
+void MainWindow::Do(std::string_view tried, const std::function<void()>& command) {
+  Guarded(services_, this, tried, command);
+}
+
 void MainWindow::WireSearch() {
   const auto status = [this](const std::string& text) { ShowStatus(text); };
-  connect(pattern_, &PatternPanel::TextChanged, this, [this] { searching_.CheckInput(); });
+  pattern_->SetCheck([this](const std::string& text, size_t caret) { return searching_.Kept(text, caret); });
+  connect(pattern_, &PatternPanel::TextChanged, this,
+          [this](const std::string& text, size_t caret) { searching_.CheckInput(text, caret); });
   connect(pattern_, &PatternPanel::ModeChosen, this, [this](WordType type) { searching_.SelectMode(type); });
-  connect(pattern_, &PatternPanel::SearchRequested, this, [this] { searching_.FindWords(); });
+  connect(pattern_, &PatternPanel::SearchRequested, this, [this] { Do("Search", [this] { searching_.FindWords(); }); });
   connect(pattern_, &PatternPanel::ExitRequested, this, [this] { files_.Exit(); });
   connect(lengths_, &LengthPanel::Status, this, status);
-  connect(sort_, &SortPanel::SortRequested, this, [this](SortOrder order) { searching_.Sort(order); });
-  connect(lists_, &ListsPanel::ListClicked, this, [this](ListKind kind) { searching_.EditList(kind); });
-  connect(lists_, &ListsPanel::LexiconClicked, this, [this] { files_.OpenNewLexicon(); });
+  connect(sort_, &SortPanel::SortRequested, this,
+          [this](SortOrder order) { Do("Sort", [this, order] { searching_.Sort(order); }); });
+  connect(lists_, &ListsPanel::ListClicked, this,
+          [this](ListKind kind) { Do("List of characters", [this, kind] { searching_.EditList(kind); }); });
+  connect(lists_, &ListsPanel::LexiconClicked, this,
+          [this] { Do("Open new lexicon", [this] { files_.OpenNewLexicon(); }); });
   connect(appearance_, &AppearancePanel::Status, this, status);
 }
 
 void MainWindow::WireResults() {
   connect(results_, &ResultsPanel::EntrySelected, this, [this] { UpdateCommands(); });
-  connect(results_, &ResultsPanel::EntryDoubleClicked, this, [this] { searching_.CopyEntry(); });
+  connect(results_, &ResultsPanel::EntryDoubleClicked, this,
+          [this] { Do("Copy", [this] { searching_.CopyEntry(); }); });
   connect(resultOptions_, &ResultOptionsPanel::AutoSaveChosen, this,
           [this](bool on) { options_.Set(Option::AutoSave, on); });
   connect(resultOptions_, &ResultOptionsPanel::ClearRequested, this, [this] { searching_.ClearList(); });
-  connect(resultOptions_, &ResultOptionsPanel::PrintRequested, this, [this] { files_.Print(); });
+  connect(resultOptions_, &ResultOptionsPanel::PrintRequested, this,
+          [this] { Do("Print", [this] { files_.Print(); }); });
   connect(appearance_, &AppearancePanel::FontChanged, this, [this] { results_->SetListFont(appearance_->ListFont()); });
   connect(appearance_, &AppearancePanel::BoldClicked, this, [this] { options_.Toggle(Option::ListBold); });
   connect(appearance_, &AppearancePanel::ItalicClicked, this, [this] { options_.Toggle(Option::ListItalic); });
@@ -175,7 +198,7 @@ void MainWindow::WireResults() {
           [this] { options_.ChooseColour(ColourElement::ResultsText, true); });
   connect(appearance_, &AppearancePanel::BackColourClicked, this,
           [this] { options_.ChooseColour(ColourElement::ResultsBack, true); });
-  connect(lookup_, &LookupPanel::LookupRequested, this, [this] { files_.LookUp(); });
+  connect(lookup_, &LookupPanel::LookupRequested, this, [this] { Do("Definition", [this] { files_.LookUp(); }); });
   connect(lookup_, &LookupPanel::ResourceClicked, this, [this] { files_.ChangeWeblink(); });
 }
 
@@ -242,10 +265,6 @@ void MainWindow::EndProgress() {
 Search MainWindow::Asked() const {
   return {pattern_->Text(), session_.input.selected, session_.input.noun, lengths_->Range(),
           StoredLists(services_.settings)};
-}
-
-size_t MainWindow::Caret() const {
-  return pattern_->Caret();
 }
 
 void MainWindow::FocusPattern() {
@@ -361,13 +380,15 @@ void MainWindow::SetWide(bool wide) {
   }
   wide_ = wide;
   const int more = PixelsOfTwips(kWideTwips);
-  grid_->setColumnMinimumWidth(1, kListWidth + (wide ? more : 0));
-  if (isVisible()) {
-    const int before = width();
-    centralWidget()->layout()->activate();
-    layout()->invalidate();
-    layout()->activate();
-    resize(before + (wide ? more : -more), height());
+  // No wider than the screen: what the contents need at least leaves the list the rest.
+  const int room = std::max(0, screen()->availableSize().width() - minimumSizeHint().width());
+  const int before = width();
+  grid_->setColumnMinimumWidth(1, kListWidth + (wide ? std::min(more, room) : 0));
+  centralWidget()->layout()->activate();
+  layout()->invalidate();
+  layout()->activate();
+  if (isVisible() && !isMaximized() && !isFullScreen()) {
+    resize(std::min(before + (wide ? more : -more), screen()->availableSize().width()), height());
   }
 }
 

@@ -55,7 +55,6 @@ class MainWindow : public QMainWindow, private SearchView, private FileView, pri
   void UpdateCommands() override;
   // SearchView
   Search Asked() const override;
-  size_t Caret() const override;
   void FocusPattern() override;
   void ShowText(const std::string& text, size_t caret) override;
   void ShowInput() override;
@@ -88,6 +87,8 @@ class MainWindow : public QMainWindow, private SearchView, private FileView, pri
   void SelectAnyLength() override;
   void SetFixedWidth(bool fixed) override;
 
+  // Carries out what was asked for; short memory ends it with a message.
+  void Do(std::string_view tried, const std::function<void()>& command);
   CommandState State() const;
   // The entry, unless a command has written one; closes what is open and shuts the program down.
   void End(const char* entry);

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <algorithm>
+#include <utility>
 
 #include "app/option_table.h"
 #include "base/window/qt_text.h"
@@ -45,6 +46,26 @@ class ScanProgress : public ScanObserver {
   QElapsedTimer sincePaint_;
 };
 
+// From the start of a search until its follow-up is over, however it ends.
+class ActiveScan {
+ public:
+  ActiveScan(SearchView& view, Session& session) : view_(view), session_(session) {
+    view_.BeginProgress(session_.lexicon->count() / 10);
+    session_.scanActive = true;
+  }
+  ~ActiveScan() {
+    view_.EndProgress();
+    view_.ShowCaption("");
+    session_.scanActive = false;
+  }
+  ActiveScan(const ActiveScan&) = delete;
+  ActiveScan& operator=(const ActiveScan&) = delete;
+
+ private:
+  SearchView& view_;
+  Session& session_;
+};
+
 }  // namespace
 
 Search SearchOf(const SearchView& view) {
@@ -54,21 +75,24 @@ Search SearchOf(const SearchView& view) {
 SearchController::SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave)
     : view_(view), session_(session), services_(services), autoSave_(std::move(autoSave)) {}
 
-void SearchController::CheckInput() {
+std::string SearchController::Kept(const std::string& text, size_t caret) const {
+  return quorvane::CheckInput({text, caret, session_.input}, StoredLists(services_.settings)).text;
+}
+
+void SearchController::CheckInput(const std::string& text, size_t caret) {
   view_.ShowTimer("");
   view_.EnableLengthOrders();
-  const Search asked = view_.Asked();
-  const InputAnswer answer = quorvane::CheckInput({asked.text, view_.Caret(), session_.input}, asked.lists);
+  const InputAnswer answer = quorvane::CheckInput({text, caret, session_.input}, StoredLists(services_.settings));
   if (answer.error) {
-    services_.log.Write(event::kInputError, "Error 5 in Pattern input " + asked.text);
-    services_.door.Show(view_.Window(), "Error 5 (Invalid procedure call) in Pattern Input: " + asked.text);
+    services_.log.Write(event::kInputError, "Error 5 in Pattern input " + text);
+    services_.door.Show(view_.Window(), "Error 5 (Invalid procedure call) in Pattern Input: " + text);
     return;
   }
   session_.input = answer.controls;
   view_.ShowText(answer.text, answer.caret);
   view_.ShowInput();
-  for (const std::string& text : answer.logTexts) {
-    services_.log.Write(event::kInputError, text);
+  for (const std::string& entry : answer.logTexts) {
+    services_.log.Write(event::kInputError, entry);
   }
   if (!answer.statusTexts.empty()) {
     view_.ShowStatus(answer.LastStatus());
@@ -93,9 +117,8 @@ void SearchController::FindWords() {
   }
   const CStopWatch watch(services_.ticks);
   RefreshListCaptions();
-  view_.BeginProgress(session_.lexicon->count() / 10);
   view_.ClearPosition();
-  session_.scanActive = true;
+  std::optional<ActiveScan> active(std::in_place, view_, session_);
   const SearchRun run(view_.Asked());
   const PreparedPattern& prepared = run.Prepared();
   if (prepared.refusal) {
@@ -109,7 +132,7 @@ void SearchController::FindWords() {
     FrmRandomDisc notice(services_.settings, view_.Window());
     services_.door.Run(notice);
   }
-  session_.scanActive = false;
+  active.reset();
   ShowTime(watch);
   if (!prepared.refusal && view_.Order() != SortOrder::Alphabetic) {
     Sort(view_.Order());

@@ -16,7 +16,6 @@ class SearchView : public virtual View {
  public:
   // What the controls ask for.
   virtual Search Asked() const = 0;
-  virtual size_t Caret() const = 0;
   virtual void FocusPattern() = 0;
   // Puts what a check left of the text into the box.
   virtual void ShowText(const std::string& text, size_t caret) = 0;
@@ -48,7 +47,10 @@ class SearchController {
   // All outlive the controller.
   SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave);
 
-  void CheckInput();
+  // A text was typed, with the caret there.
+  void CheckInput(const std::string& text, size_t caret);
+  // What the check would leave of it.
+  std::string Kept(const std::string& text, size_t caret) const;
   void SelectMode(WordType type);
   void FindWords();
   void Sort(SortOrder order);

@@ -16,6 +16,7 @@ enum class Option;
 
 struct Session {
   std::shared_ptr<const Lexicon> lexicon;
+  std::string lexiconPath;
   InputControls input;  // As the last check left them.
   bool scanActive = false;
   std::map<Option, bool> options;  // As applied; an option that is missing is off.
@@ -26,6 +27,7 @@ struct Session {
   bool stopFlag = false;   // The program is leaving by its own command.
   bool abortFlag = false;  // Nothing sets it; it is tested once after the lexicon is loaded.
   bool ended = false;      // The shutdown has run.
+  int exitStatus = 0;      // What the process ends with.
 };
 
 inline constexpr size_t kMaxFonts = 3000;

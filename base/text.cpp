@@ -145,6 +145,19 @@ std::string KeepLetters(std::string_view text, bool tiles, bool repeats) {
   return kept;
 }
 
+std::string QuotedText(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string quoted;
+  for (const char c : text.substr(0, kMostQuoted)) {
+    if (Code(c) < 0x20 || Code(c) == 0x7F) {
+      quoted += {'\\', 'x', kDigits[Code(c) >> 4], kDigits[Code(c) & 15u]};
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted;
+}
+
 std::string FormatThousands(int64_t number) {
   std::string digits = std::to_string(number < 0 ? -number : number);
   for (size_t from = digits.size(); from > 3; from -= 3) {

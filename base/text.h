@@ -43,6 +43,10 @@ bool InClass(std::string_view characterClass, char c);
 // `repeats` (case counts: "aA" holds no repeat).
 std::string KeepLetters(std::string_view text, bool tiles, bool repeats);
 
+// A piece of a file as a message quotes it: at most 200 characters, control characters written as "\\x0A".
+std::string QuotedText(std::string_view text);
+inline constexpr size_t kMostQuoted = 200;
+
 // "" for one, "s" for every other count.
 inline std::string_view PluralS(int64_t count) {
   return count == 1 ? "" : "s";

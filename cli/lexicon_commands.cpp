@@ -65,8 +65,11 @@ int ReadAll(const std::string& path, std::string& bytes) {
 std::string DescribeLoad(const std::string& path, const LoadResult& loaded) {
   std::string text = path + ": " + ReportOf(loaded).boxText;
   if (loaded.outcome == LoadOutcome::ListError) {
-    text += " Word #" + std::to_string(loaded.count) + " '" + loaded.lastWord + "' (error " +
+    text += " Word #" + std::to_string(loaded.count) + " '" + QuotedText(loaded.lastWord) + "' (error " +
             std::to_string(loaded.error.number) + ", " + loaded.error.description + ")";
+  }
+  if (const std::string_view cause = CauseOf(loaded); !cause.empty()) {
+    text += " " + std::string(cause);
   }
   return text;
 }

@@ -325,7 +325,7 @@ class LexiconLoader {
     if (result.count > 0) {
       const auto last = static_cast<size_t>(std::min(result.count, capacity_));
       result.lastWord.assign(lexicon_->text_.data() + lexicon_->starts_[last],
-                             std::max<size_t>(lexicon_->lengths_[last], longLine_));
+                             std::min(kMostQuoted, std::max<size_t>(lexicon_->lengths_[last], longLine_)));
     }
     result.letterStart = lexicon_->letterStart_;
     result.lengthCount = lexicon_->lengthCount_;

@@ -20,9 +20,9 @@ namespace quorvane {
 using WordNumber = uint32_t;
 
 inline constexpr int kLexiconCapacity = 2'000'000;
-inline constexpr int kMaxWordLength = 90;         // In characters; a longer line is an error.
-inline constexpr int kFirstInitial = 65;          // Code of "A", the first initial a word may have in upper case.
-inline constexpr int kInitials = 31;              // "A" to "Z" and the five codes after it, "[" to "_".
+inline constexpr int kMaxWordLength = 90;  // In characters; a longer line is an error.
+inline constexpr int kFirstInitial = 65;   // Code of "A", the first initial a word may have in upper case.
+inline constexpr int kInitials = 31;       // "A" to "Z" and the five codes after it, "[" to "_".
 
 class Lexicon {
  public:
@@ -83,7 +83,7 @@ struct LoadResult {
   std::shared_ptr<const Lexicon> lexicon;
   RunTimeError error;    // Set for all outcomes but Ok and NotSorted.
   int32_t count = 0;     // The number of the word at which reading stopped; 0 when the file could not be opened.
-  std::string lastWord;  // The word read last.
+  std::string lastWord;  // The word read last; of a long line the first 200 characters.
   Lexicon::LetterStart letterStart{};  // As they stood when reading stopped.
   Lexicon::LengthCount lengthCount{};
 

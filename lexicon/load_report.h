@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "lexicon/lexicon.h"
 
@@ -15,6 +16,9 @@ struct LoadReport {
 };
 
 LoadReport ReportOf(const LoadResult& result);
+
+// What is wrong with the whole file, where the line at which reading stopped gives it away; else empty.
+std::string_view CauseOf(const LoadResult& result);
 
 // The fixed texts of the problem dialog, top to bottom.
 struct LexiconProblemTexts {

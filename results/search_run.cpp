@@ -7,6 +7,7 @@ ScanOutcome SearchRun::List(std::shared_ptr<const Lexicon> lexicon, RandomSource
   ScanRequest request;
   request.prepared = prepared_;
   request.lists = search_.lists;
+  request.lists.scrabble = UsableTiles(search_.lists.scrabble);
   if (!search_.lengths.any) {
     request.minLength = search_.lengths.min;
     request.maxLength = search_.lengths.max;

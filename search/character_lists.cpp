@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "lexicon/lexicon.h"
 
 namespace quorvane {
 namespace {
@@ -46,6 +47,17 @@ std::string BracketForm(std::string_view list) {
 
 std::string CleanList(ListKind kind, std::string_view typed) {
   return KeepLetters(typed, FactsOf(kind).blankTiles, FactsOf(kind).repeats);
+}
+
+std::string UsableTiles(std::string_view rack) {
+  std::array<size_t, 256> counts{};
+  std::string usable;
+  for (const char tile : rack) {
+    if (++counts[static_cast<unsigned char>(tile)] <= kMaxWordLength) {
+      usable += tile;
+    }
+  }
+  return usable;
 }
 
 std::vector<ListKind> ListsNamedIn(std::string_view text) {

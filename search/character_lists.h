@@ -51,6 +51,9 @@ std::string BracketForm(std::string_view list);
 // occurrences of a character (case counts: "aA" holds no repeat).
 std::string CleanList(ListKind kind, std::string_view typed);
 
+// The tiles of a rack that a word can use: of each the first 90, as many as the longest word has letters.
+std::string UsableTiles(std::string_view rack);
+
 // The lists whose wildcards occur in the text, in the order of the results file.
 std::vector<ListKind> ListsNamedIn(std::string_view text);
 

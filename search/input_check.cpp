@@ -123,7 +123,7 @@ class Check {
     controls_.canSearch = true;
     controls_.saveAsLexicon = false;
     WordListOnly();
-    StartSpecialMode(PatternKind::Random, "Random word", kRandomHelp);
+    StartSpecialMode(PatternKind::Random, kRandomNoun, kRandomHelp);
     if (Filter([](char c, size_t position) { return position == 1 || (IsDigit(c) && position <= kMaxRandomLength); })) {
       return;
     }
@@ -132,7 +132,7 @@ class Check {
 
   void LetterSequence() {
     WordListOnly();
-    StartSpecialMode(PatternKind::Sequence, "sequenced word", kNoSequenceNumber);
+    StartSpecialMode(PatternKind::Sequence, kSequenceNoun, kNoSequenceNumber);
     controls_.letters.clear();
     answer_.caret = text_.size();
     const bool number = text_.size() > 1 && text_[1] >= '1' && text_[1] <= '9';
@@ -176,7 +176,7 @@ class Check {
   }
 
   void LetterChoice() {
-    StartSpecialMode(PatternKind::LetterChoice, "letter choice", kLetterChoiceHelp);
+    StartSpecialMode(PatternKind::LetterChoice, kLetterChoiceNoun, kLetterChoiceHelp);
     // Of several "~" at the end the last goes, and the next, each time with the help anew.
     if (text_.ends_with("~~")) {
       const size_t kept = text_.find_last_not_of('~') + 2;

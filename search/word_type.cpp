@@ -10,16 +10,16 @@ constexpr std::string_view kAnagramPrompt = "Please enter an anagram selection (
 
 constexpr std::array kFacts = {
     WordTypeFacts{WordType::WordList, "word", "word", "&Words", kWordPrompt,  //
-                  "rbQuorvane", "&Word List", "Regular word list", "menWordTypeWordList", "F9: &Word List", 9},
+                  "rbQuorvane", "&Word List", "Regular word list", "", "menWordTypeWordList", "F9: &Word List", 9},
     WordTypeFacts{WordType::Palindrome, "palindrome", "palindrome", "Pali&ndrome", kPalindromePrompt,  //
-                  "rbPalindrome", "Pali&ndrome", "Returns only palindromes", "menWordTypePalindrome",
+                  "rbPalindrome", "Pali&ndrome", "Returns only palindromes", "", "menWordTypePalindrome",
                   "F10: &Palindrome", 10},
     WordTypeFacts{WordType::Anagram, "anagram", "full anagram", "&Anagrams", kAnagramPrompt,  //
-                  "rbAnagram", "&Anagram", "Returns all anagrams (some or all letters)", "menWordTypeAnagram",
-                  "F11: &Anagram (All words)", 11},
+                  "rbAnagram", "&Anagram", "Returns all anagrams (some or all letters)", "Anagram, all words",
+                  "menWordTypeAnagram", "F11: &Anagram (All words)", 11},
     WordTypeFacts{WordType::AnagramExact, "exact", "exact-length anagram", "&Anagrams", kAnagramPrompt,  //
-                  "rbAnagramExact", "Anagra&m", "Return all exact-length anagrams", "menWordTypeAnagramExact",
-                  "F12: Anagra&m (Exact length)", 12},
+                  "rbAnagramExact", "Anagra&m", "Return all exact-length anagrams", "Anagram, exact length only",
+                  "menWordTypeAnagramExact", "F12: Anagra&m (Exact length)", 12},
 };
 
 static_assert([] {

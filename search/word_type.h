@@ -9,6 +9,11 @@ namespace quorvane {
 
 enum class WordType { WordList, Palindrome, Anagram, AnagramExact };
 
+// What the special modes of typing count.
+inline constexpr std::string_view kRandomNoun = "Random word";
+inline constexpr std::string_view kSequenceNoun = "sequenced word";
+inline constexpr std::string_view kLetterChoiceNoun = "letter choice";
+
 inline constexpr std::string_view kWordPrompt = "Please enter a word selection.";
 
 struct WordTypeFacts {
@@ -21,6 +26,7 @@ struct WordTypeFacts {
   std::string_view objectName;
   std::string_view caption;
   std::string_view toolTip;
+  std::string_view spokenName;  // For a screen reader, where the caption does not tell it apart; else empty.
   std::string_view menuItem;
   std::string_view menuCaption;
   int functionKey;

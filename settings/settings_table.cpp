@@ -141,7 +141,9 @@ std::string GetSetting(const SettingsStore& store, Setting setting) {
   if (isPath && store.IsDamaged(kApplicationName, row.section, row.key)) {
     return std::string(row.defaultValue);
   }
-  return store.Get(kApplicationName, row.section, row.key, row.defaultValue);
+  std::string value = store.Get(kApplicationName, row.section, row.key, row.defaultValue);
+  const bool absent = value == kNotFound && row.repair != Repair::ByItsReader;
+  return absent ? std::string(row.defaultValue) : value;
 }
 
 std::string GetSettingWithOtherDefault(const SettingsStore& store, Setting setting) {

@@ -7,7 +7,7 @@ constexpr const char* kClosing = "Closing application";
 
 }  // namespace
 
-void ShutDown(Services& services, Session& session, int status) {
+void ShutDown(Services& services, Session& session) {
   if (session.ended) {
     return;
   }
@@ -21,7 +21,7 @@ void ShutDown(Services& services, Session& session, int status) {
     }
   }
   services.log.Close();
-  services.endProcess(status);
+  services.endProcess(session.exitStatus);
 }
 
 }  // namespace quorvane

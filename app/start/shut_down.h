@@ -8,6 +8,6 @@ namespace quorvane {
 
 // Writes the last log entry, closes the log and ends the process. A failure is logged and tried once more; a second one
 // is shown. Runs once; in the program it does not return to the event loop's work.
-void ShutDown(Services& services, Session& session, int status = 0);
+void ShutDown(Services& services, Session& session);
 
 }  // namespace quorvane

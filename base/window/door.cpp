@@ -43,7 +43,14 @@ class Box : public QMessageBox {
 // The plain cursor while a modal window is open, whatever the program shows around it.
 class PlainCursor {
  public:
-  PlainCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  PlainCursor() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->property(kGivesWay).toBool()) {
+        window->hide();
+      }
+    }
+    QApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
   ~PlainCursor() { QApplication::restoreOverrideCursor(); }
   PlainCursor(const PlainCursor&) = delete;
   PlainCursor& operator=(const PlainCursor&) = delete;

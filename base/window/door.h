@@ -17,6 +17,9 @@ struct Question {
 
 enum class Answer { Ok, Cancel, Extra };
 
+// The property of a window that hides before any question, since it would lie over it.
+inline constexpr const char* kGivesWay = "givesWay";
+
 class Door {
  public:
   virtual ~Door() = default;

@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "base/text.h"
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
 #include "lexicon/load_report.h"
@@ -15,16 +16,17 @@ namespace {
 
 constexpr const char* kContactPage = "https://example.org/quorvane/contact";
 constexpr int kWidth = 520;
+constexpr int kWordWidth = 380;  // What the line of the dialog leaves.
 
 }  // namespace
 
-FrmLexProblem::FrmLexProblem(const LoadResult& result, QWidget* parent) : QDialog(parent) {
+FrmLexProblem::FrmLexProblem(const std::string& path, const LoadResult& result, QWidget* parent) : QDialog(parent) {
   setObjectName("frmLexProblem");
   setWindowTitle(LexiconProblemTexts::kCaption);
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(12);
   const auto addText = [&](const QString& name, const char* text) {
-    QLabel* label = MakeLabel(name, text, {}, this);
+    QLabel* label = MakeLabel(name, FromText(text), {}, this);
     label->setWordWrap(true);
     label->setMinimumWidth(kWidth);
     layout->addWidget(label);
@@ -36,13 +38,19 @@ FrmLexProblem::FrmLexProblem(const LoadResult& result, QWidget* parent) : QDialo
   where->addWidget(MakeLabel("lblWordNumLit", LexiconProblemTexts::kWordNumber, {}, this));
   where->addWidget(MakeLabel("lblWordNum", QString::number(result.count), "Number of the word", this));
   where->addSpacing(16);
-  QLabel* word = MakeLabel("lblWord", FromBytes(result.lastWord.substr(0, 200)), "The word read last", this);
+  const QString whole = FromBytes(QuotedText(result.lastWord));
+  QLabel* word = MakeLabel("lblWord", whole, "The word read last", this);
   QFont bold = word->font();
   bold.setBold(true);
   word->setFont(bold);
-  word->setWordWrap(true);
+  word->setText(QFontMetrics(bold).elidedText(whole, Qt::ElideRight, kWordWidth));
+  if (word->text() != whole) {
+    word->setToolTip(whole);
+  }
   where->addWidget(word, 1);
   layout->addLayout(where);
+  addText("lblFile",
+          ("In the file " + path + (CauseOf(result).empty() ? "" : ": ") + std::string(CauseOf(result))).c_str());
   addText("lblIllegal", LexiconProblemTexts::kIllegalCharacter);
   addText("lblCheckFile", LexiconProblemTexts::kCheckFile);
   addText("lblPersist", LexiconProblemTexts::kPersist);

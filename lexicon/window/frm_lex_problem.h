@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <string>
 
 #include "lexicon/lexicon.h"
 
@@ -11,7 +12,8 @@ class FrmLexProblem : public QDialog {
   Q_OBJECT
 
  public:
-  FrmLexProblem(const LoadResult& result, QWidget* parent);
+  // `path` is the file that was read.
+  FrmLexProblem(const std::string& path, const LoadResult& result, QWidget* parent);
 };
 
 }  // namespace quorvane

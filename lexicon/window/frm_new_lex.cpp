@@ -1,6 +1,7 @@
 #include "lexicon/window/frm_new_lex.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -35,6 +36,7 @@ FrmNewLex::FrmNewLex(const std::string& directory, const std::string& currentLex
       fbList_->setCurrentRow(fbList_->count() - 1);
     }
   }
+  fbList_->installEventFilter(this);
   layout->addWidget(fbList_, 1);
   layout->addLayout(current);
   auto* note = MakeLabel("lblNote",
@@ -56,6 +58,19 @@ FrmNewLex::FrmNewLex(const std::string& directory, const std::string& currentLex
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(fbList_, &QListWidget::itemDoubleClicked, this, &FrmNewLex::Choose);
   fbList_->setFocus();
+}
+
+// The first key in a list without a selection selects, as in every list of the program.
+bool FrmNewLex::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == fbList_ && event->type() == QEvent::KeyPress && fbList_->selectedItems().isEmpty()) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool first = key == Qt::Key_Down || key == Qt::Key_Home || key == Qt::Key_Up;
+    if (first || key == Qt::Key_End) {
+      fbList_->setCurrentRow(first ? 0 : fbList_->count() - 1, QItemSelectionModel::ClearAndSelect);
+      return true;
+    }
+  }
+  return QDialog::eventFilter(watched, event);
 }
 
 void FrmNewLex::Choose() {

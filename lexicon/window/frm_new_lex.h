@@ -17,6 +17,9 @@ class FrmNewLex : public QDialog {
   // The file name chosen; empty while none is.
   const std::string& Chosen() const { return chosen_; }
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void Choose();
 

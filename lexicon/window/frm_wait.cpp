@@ -3,12 +3,14 @@
 #include <QCoreApplication>
 #include <QVBoxLayout>
 
+#include "base/window/door.h"
 #include "base/window/labels.h"
 
 namespace quorvane {
 
 FrmWait::FrmWait(QWidget* parent) : QDialog(parent) {
   setObjectName("frmWait");
+  setProperty(kGivesWay, true);
   setWindowTitle("Loading lexicon file ...");
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(36, 28, 36, 28);
@@ -16,8 +18,13 @@ FrmWait::FrmWait(QWidget* parent) : QDialog(parent) {
 }
 
 void FrmWait::ShowNow() {
+  // The window system places, maps and exposes windows through events; user input stays in the queue meanwhile.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  if (parentWidget() != nullptr) {
+    adjustSize();
+    move(parentWidget()->frameGeometry().center() - rect().center());
+  }
   show();
-  // The window system maps and exposes the window through events; user input stays in the queue meanwhile.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   repaint();
 }

@@ -46,7 +46,14 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
 
 void ResultsPanel::ChangeResults(const std::function<void(ResultList&)>& change) {
   model_->BeginChange();
-  change(results_);
+  try {
+    change(results_);
+  } catch (...) {  // Memory ran short: nothing half-made is shown.
+    results_.Clear();
+    model_->EndChange();
+    SelectionChanged();
+    throw;
+  }
   model_->EndChange();
   SelectionChanged();
 }

@@ -1,6 +1,7 @@
 #include "search/window/length_panel.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
@@ -23,8 +24,12 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
       Named(new QRadioButton("Specific Si&ze", this), "rbSpecLen", "Constrains words to be within certain lengths");
   cbLenFr_ = Named(new QComboBox(this), "cbLenFr", "Min. word length");
   cbLenTo_ = Named(new QComboBox(this), "cbLenTo", "Max. word length");
-  cbLenFr_->setAccessibleName("Min. word length");
-  cbLenTo_->setAccessibleName("Max. word length");
+  cbLenFr_->setAccessibleName("Minimum length");
+  cbLenTo_->setAccessibleName("Maximum length");
+  for (QComboBox* box : {cbLenFr_, cbLenTo_}) {
+    box->setFocusPolicy(Qt::StrongFocus);  // Not by the wheel, which then belongs to what has the focus.
+    box->installEventFilter(this);
+  }
   QLabel* to = MakeLabel("lblToLit", "to", {}, this);
   for (QWidget* control :
        {static_cast<QWidget*>(rbAnyLen_), static_cast<QWidget*>(rbSpecLen_), static_cast<QWidget*>(to)}) {
@@ -48,6 +53,15 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
   connect(rbSpecLen_, &QRadioButton::clicked, this, &LengthPanel::ShowRange);
   connect(cbLenFr_, &QComboBox::activated, this, &LengthPanel::MinimumChosen);
   connect(cbLenTo_, &QComboBox::activated, this, &LengthPanel::MaximumChosen);
+}
+
+bool LengthPanel::eventFilter(QObject* watched, QEvent* event) {
+  const auto* box = qobject_cast<QWidget*>(watched);
+  if (event->type() == QEvent::Wheel && box != nullptr && !box->hasFocus()) {
+    event->ignore();
+    return true;
+  }
+  return QGroupBox::eventFilter(watched, event);
 }
 
 LengthRange LengthPanel::Range() const {

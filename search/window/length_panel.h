@@ -25,6 +25,9 @@ class LengthPanel : public QGroupBox {
  signals:
   void Status(const std::string& text);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   int Min() const;
   int Max() const;

@@ -9,6 +9,8 @@
 namespace quorvane {
 namespace {
 
+constexpr size_t kMostShown = 1000;  // Characters; the column shows some thirty.
+
 struct ListLabels {
   ListKind kind;
   const char* name;
@@ -63,7 +65,7 @@ ListsPanel::ListsPanel(QWidget* parent) : QWidget(parent) {
 }
 
 void ListsPanel::ShowList(ListKind kind, const std::string& list) {
-  lists_[kind]->setText(FromBytes(list));
+  lists_[kind]->setText(FromBytes(std::string_view(list).substr(0, kMostShown)));
 }
 
 void ListsPanel::ShowLexicon(const std::string& name) {

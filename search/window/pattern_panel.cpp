@@ -4,13 +4,12 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalBlocker>
 
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
+#include "search/window/pattern_box.h"
 #include "settings/window/colour_scheme.h"
 
 namespace quorvane {
@@ -33,7 +32,7 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   auto* layout = new QGridLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   QLabel* caption = MakeLabel("lblInputWord", "Pattern :", {}, this);
-  tbInput_ = Described(new QLineEdit(this), "tbInput", "The pattern to search for");
+  tbInput_ = Described(new PatternBox(this), "tbInput", "The pattern to search for");
   tbInput_->setAccessibleName("Pattern");
   tbInput_->setMinimumWidth(280);
   QFont large = tbInput_->font();
@@ -67,7 +66,8 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   layout->addLayout(modes, 2, 1, 1, 3);
   modes_[WordType::WordList]->setChecked(true);
 
-  connect(tbInput_, &QLineEdit::textChanged, this, &PatternPanel::TextChanged);
+  connect(tbInput_, &QLineEdit::textChanged, this, [this] { emit TextChanged(Text(), Caret()); });
+  connect(tbInput_, &PatternBox::Refused, this, &PatternPanel::TextChanged);
   connect(tbInput_, &QLineEdit::returnPressed, this, [this] {
     if (btnFindWords_->isEnabled()) {
       emit SearchRequested();
@@ -81,6 +81,7 @@ QRadioButton* PatternPanel::MakeMode(const WordTypeFacts& facts) {
   auto* button =
       Named(new QRadioButton(FromText(facts.caption), this), FromText(facts.objectName), FromText(facts.toolTip));
   modes_[facts.type] = button;
+  button->setAccessibleName(FromText(facts.spokenName));  // Empty: the caption.
   // A mode has no colour of its own and must be readable on any background.
   ShowsColour(button, ColourElement::MainBack, ColourUse::ReadableText);
   connect(button, &QRadioButton::clicked, this, [this, type = facts.type] { emit ModeChosen(type); });
@@ -88,7 +89,7 @@ QRadioButton* PatternPanel::MakeMode(const WordTypeFacts& facts) {
 }
 
 std::string PatternPanel::Text() const {
-  return ToBytes(tbInput_->text());
+  return tbInput_->Text();
 }
 
 size_t PatternPanel::Caret() const {
@@ -96,13 +97,11 @@ size_t PatternPanel::Caret() const {
 }
 
 void PatternPanel::ShowText(const std::string& text, size_t caret) {
-  const QSignalBlocker quiet(tbInput_);
-  if (Text() != text) {
-    tbInput_->setText(FromBytes(text));
-  }
-  if (Caret() != caret) {
-    tbInput_->setCursorPosition(static_cast<int>(caret));
-  }
+  tbInput_->ShowText(text, caret);
+}
+
+void PatternPanel::SetCheck(std::function<std::string(const std::string& text, size_t caret)> check) {
+  tbInput_->SetCheck(std::move(check));
 }
 
 void PatternPanel::ShowControls(const InputControls& controls) {

@@ -2,16 +2,18 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <map>
 
 #include "search/input_check.h"
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
 namespace quorvane {
+
+class PatternBox;
 
 class PatternPanel : public QWidget {
   Q_OBJECT
@@ -25,9 +27,12 @@ class PatternPanel : public QWidget {
   void ShowText(const std::string& text, size_t caret);
   void ShowControls(const InputControls& controls);
   void FocusPattern();
+  // Says what a check would leave of a text.
+  void SetCheck(std::function<std::string(const std::string& text, size_t caret)> check);
 
  signals:
-  void TextChanged();
+  // The text was changed, by whoever. `text` and `caret` are what was typed, which the box may not hold.
+  void TextChanged(const std::string& text, size_t caret);
   void ModeChosen(quorvane::WordType type);
   void SearchRequested();
   void ExitRequested();
@@ -35,7 +40,7 @@ class PatternPanel : public QWidget {
  private:
   QRadioButton* MakeMode(const WordTypeFacts& facts);
 
-  QLineEdit* tbInput_ = nullptr;
+  PatternBox* tbInput_ = nullptr;
   QPushButton* btnFindWords_ = nullptr;
   QLabel* lblNumLetters_ = nullptr;
   std::map<WordType, QRadioButton*> modes_;

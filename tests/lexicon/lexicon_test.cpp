@@ -65,7 +65,7 @@ LoadResult PlainLoad(const Words& lines, int32_t capacity) {
     if (++result.count > capacity) {
       return fail();
     }
-    result.lastWord = line;
+    result.lastWord = line.substr(0, 200);
     if (line.size() > 90) {
       return fail();
     }

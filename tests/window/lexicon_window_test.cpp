@@ -262,6 +262,51 @@ TEST_F(AmendTest, RefusalsAndCancelStoreNothing) {
   EXPECT_EQ(NewLog(), Texts{});
 }
 
+TEST_F(AmendTest, OnlyAWordListIsReplacedWithoutAQuestion) {
+  ASSERT_TRUE(Start());
+  dir.Write("notes.txt", "my notes");
+  dir.Write("old.txt", "12 palindromes found matching the word pattern \"a*\"\r\n");
+  std::filesystem::create_symlink(dir.File("words.lex"), dir.File("link.txt"));
+  const struct {
+    const char* name;
+    const char* said;
+    bool stored;
+  } cases[] = {
+      {"words.lex", " is the name of a lexicon; a word list is not saved over it.", false},
+      {"NEW.LEX", " is the name of a lexicon; a word list is not saved over it.", false},
+      {"link.txt", " is the lexicon in use; a word list is not saved over it.", false},
+      {"quorvane.log", " is the log; a word list is not saved over it.", false},
+      {"quorvane.conf", " is the settings file; a word list is not saved over it.", false},
+      {"notes.txt", " is not a word list of this program. Replace it?", false},
+      {"notes.txt", " is not a word list of this program. Replace it?", true},
+      {"old.txt", "", true},
+      {"missing", "", true},
+  };
+  for (const auto& [name, said, stored] : cases) {
+    SCOPED_TRACE(name);
+    const std::string before = Setting("Locations", "SaveFileName");
+    door.TakeText();
+    door.answers = {stored ? Answer::Ok : Answer::Cancel};
+    Amend([&, name = name](QDialog& dialog) {
+      Name(dialog, name);
+      ClickOn(In(dialog, "ApplyModify"));
+      EXPECT_EQ(dialog.isVisible(), !stored);
+    });
+    EXPECT_EQ(door.TakeText(), *said == '\0' ? "" : dir.File(name) + said);
+    EXPECT_EQ(Setting("Locations", "SaveFileName") != before, stored);
+  }
+  // Whatever the settings say, nothing of the program's own is written over.
+  const std::string words = ReadFile(dir.File("words.lex"));
+  Store("Locations", "SaveFileName", dir.File("words.lex"));
+  Search("c?t");
+  Search("c*");
+  EXPECT_EQ(door.TakeText(), "The word list could not be saved: " + dir.File("words.lex") + cases[0].said)
+      << "said once";
+  Key(Qt::Key_F8);
+  EXPECT_NE(door.TakeText(), "");
+  EXPECT_EQ(ReadFile(dir.File("words.lex")), words);
+}
+
 TEST_F(AmendTest, ADirectoryThatIsGoneIsNamed) {
   ASSERT_TRUE(Start());
   Store("Locations", "SaveFileName", dir.File("gone/deep/mine.txt"));

@@ -470,5 +470,34 @@ TEST_F(MainWindowTest, UnwritableSettingsAreToldOnceAndKeptInMemory) {
   EXPECT_EQ(Setting("Options", "TimerInd") + Setting("Settings", "ListBold"), "YesYes");
 }
 
+TEST_F(MainWindowTest, ARefusedCharacterLeavesTheUndoHistory) {
+  ASSERT_TRUE(Start());
+  Type("abc");
+  QTest::keyClicks(Find("tbInput"), "&**");
+  EXPECT_EQ(Text("tbInput"), "abc*");
+  EXPECT_EQ(Status(), "Can't enter two asterisks next to each other");
+  EXPECT_EQ(door.TakeBeeps(), 4);
+  QTest::keyClick(Find("tbInput"), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Text("tbInput"), "") << "what was typed since the box was emptied";
+  QTest::keyClick(Find("tbInput"), Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(Text("tbInput"), "abc*");
+}
+
+TEST_F(MainWindowTest, ShortMemoryEndsTheCommandAlone) {
+  ASSERT_TRUE(Start());
+  Search("c?t");
+  for (const Qt::Key key : {Qt::Key_F2, Qt::Key_F7}) {
+    door.scripts.push_back([](QDialog&) { throw std::bad_alloc(); });
+    Key(key);
+    EXPECT_TRUE(door.TakeText().starts_with("There is not enough memory for this: "));
+    EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
+  }
+  Search("~");  // The notice runs into it: the next search is one again.
+  door.scripts.push_back([](QDialog&) { throw std::bad_alloc(); });
+  Search("~");
+  Search("c?t");
+  EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
+}
+
 }  // namespace
 }  // namespace quorvane::test

@@ -226,6 +226,15 @@ TEST_F(ResultsWindowTest, WideScreenWidensAndMovesBy245Pixels) {
   ASSERT_TRUE(Start());
   EXPECT_TRUE(Item("menWideScreen")->isChecked());
   EXPECT_EQ(measure(), expected);
+  // Never past the screen, and a maximised window stays as it is.
+  Item("menWideScreen")->trigger();
+  const int screen = window->screen()->availableSize().width();
+  window->resize(screen - 50, window->height());
+  Item("menWideScreen")->trigger();
+  EXPECT_EQ(window->width(), screen);
+  window->showMaximized();
+  Item("menWideScreen")->trigger();
+  EXPECT_TRUE(window->isMaximized());
 }
 
 TEST_F(ResultsWindowTest, FontBoldAndItalicOfTheList) {
