@@ -25,27 +25,25 @@ void Matcher::MatchChar(char patternCharacter, char wordCharacter) {
 }
 
 bool Matcher::Matches(char pc, char wc) {
-  const Wildcard* wildcard = FindWildcard(pc);
-  if (wildcard == nullptr) {
-    return pc == wc;
-  }
-  if (wildcard->stands == Stands::SameCharacter && MatchesBinding(pc, wc)) {
+  const Stands stands = StandsFor(pc);
+  if (stands == Stands::SameCharacter && MatchesBinding(pc, wc)) {
     return true;
   }
   if (pc == wc) {
     return true;
   }
-  switch (wildcard->stands) {
+  switch (stands) {
     case Stands::AnyCharacter:
       return true;
     case Stands::Letters:
-      return wildcard->MatchesLetterClass(wc);
+      return FindWildcard(pc)->MatchesLetterClass(wc);
     case Stands::IncludeList:
       return InClass(includeClass_, wc);
     case Stands::ExcludeList:
       return InClass(excludeClass_, wc);
     case Stands::Tile:
       return UseTile(wc);
+    case Stands::Itself:
     case Stands::AnyNumber:
     case Stands::SameCharacter:
     case Stands::Mode:
@@ -137,10 +135,10 @@ bool WordTest::Accepts(std::string_view word) {
 bool WordTest::AcceptsEnds(std::string_view word) {
   const std::string& prefix = prepared_.prefix;
   const std::string& suffix = prepared_.suffix;
-  for (size_t i = 0; i < prefix.size(); ++i) {
+  for (size_t i = 0; i < prefix.size() && matcher_.MatchFlag(); ++i) {
     matcher_.MatchChar(prefix[i], word[i]);
   }
-  for (size_t i = 0; i < suffix.size(); ++i) {
+  for (size_t i = 0; i < suffix.size() && matcher_.MatchFlag(); ++i) {
     matcher_.MatchChar(suffix[i], word[word.size() - suffix.size() + i]);
   }
   return matcher_.MatchFlag();

@@ -73,10 +73,9 @@ Plain ReadPlain(const std::string& folded) {
   Plain plain;
   for (const char c : folded) {
     const Wildcard* wildcard = FindWildcard(c);
-    const bool anyCharacter = wildcard != nullptr && wildcard->stands == Stands::AnyCharacter;
-    plain.normalised += anyCharacter ? '?' : c;
+    plain.normalised += StandsFor(c) == Stands::AnyCharacter ? '?' : c;
     plain.wildcards = plain.wildcards || (wildcard != nullptr && wildcard->Positional());
-    if (wildcard != nullptr && wildcard->stands == Stands::AnyNumber && !plain.refused) {
+    if (StandsFor(c) == Stands::AnyNumber && !plain.refused) {
       const bool second = plain.asterisks == 1 && folded.size() >= 3;
       plain.refused = plain.asterisks != 0 && !second;
       plain.asterisks += plain.refused ? 0 : 1;
@@ -166,15 +165,14 @@ std::string SortList(std::string_view text) {
 
 Initials FirstLetters(const PreparedPattern& prepared, const CharacterLists& lists) {
   const char first = prepared.Empty() ? '\0' : prepared.text.front();
-  const Wildcard* wildcard = FindWildcard(first);
-  const Stands stands = wildcard == nullptr ? Stands::AnyCharacter : wildcard->stands;
+  const Stands stands = StandsFor(first);
   std::string letters;
   if (stands == Stands::IncludeList) {
     letters = SortList(BracketForm(lists.include));
   } else if (stands == Stands::Tile) {
     letters = SortList(BracketForm(lists.scrabble));
   } else if (stands == Stands::Letters) {
-    letters = wildcard->letters;
+    letters = FindWildcard(first)->letters;
   } else if (prepared.kind == PatternKind::Anagram || prepared.kind == PatternKind::AnagramExact) {
     letters = SortList(prepared.letters);
   } else if (IsLetter(first)) {
@@ -183,7 +181,7 @@ Initials FirstLetters(const PreparedPattern& prepared, const CharacterLists& lis
     return {true, ""};
   }
   // Lowest of all characters, a blank tile comes first.
-  const bool blank = !letters.empty() && IsWildcard(letters.front(), Stands::AnyCharacter);
+  const bool blank = !letters.empty() && StandsFor(letters.front()) == Stands::AnyCharacter;
   return blank ? Initials{true, ""} : Initials{false, UpperText(letters)};
 }
 

@@ -26,11 +26,11 @@ LetterSet LettersOf(char patternCharacter, const CharacterLists& lists) {
 }
 
 bool IsBoundDigit(char c) {
-  return IsWildcard(c, Stands::SameCharacter);
+  return StandsFor(c) == Stands::SameCharacter;
 }
 
 bool IsTile(char c) {
-  return IsWildcard(c, Stands::Tile);
+  return StandsFor(c) == Stands::Tile;
 }
 
 class PlanMaker {
@@ -124,7 +124,7 @@ void PlanMaker::MakePositions() {
   // ask for nothing but a length.
   const bool oneLetter = prepared_.kind == PatternKind::Contains && characters.size() == 1 && IsLetter(characters[0]);
   const bool anything = positions_.Trivial() && std::all_of(characters.begin(), characters.end(), [](char c) {
-                          return IsBoundDigit(c) || IsWildcard(c, Stands::AnyCharacter);
+                          return IsBoundDigit(c) || StandsFor(c) == Stands::AnyCharacter;
                         });
   plan_.mode = oneLetter || anything ? VerifyMode::FilterDecides : ModeOfPositions();
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
 namespace quorvane {
 namespace {
@@ -95,15 +94,6 @@ static_assert(std::all_of(kWildcards.begin(), kWildcards.end(),
                           }),
               "the letters that a status text lists are those it stands for");
 
-// For each character the place of its row, counted from 1; 0: it has none.
-constexpr auto kRowOf = [] {
-  std::array<uint8_t, 256> rows{};
-  for (size_t i = 0; i < kWildcards.size(); ++i) {
-    rows[static_cast<unsigned char>(kWildcards[i].character)] = static_cast<uint8_t>(i + 1);
-  }
-  return rows;
-}();
-
 constexpr auto kSummary = [] {
   constexpr auto speaks = [](const Wildcard& wildcard) { return !wildcard.summary.typed.empty(); };
   std::array<WildcardSummaryRow, std::count_if(kWildcards.begin(), kWildcards.end(), speaks)> summary{};
@@ -119,6 +109,14 @@ constexpr auto kSummary = [] {
 
 }  // namespace
 
+constexpr std::array<Stands, 256> kStandsFor = [] {
+  std::array<Stands, 256> stands{};
+  for (const Wildcard& wildcard : kWildcards) {
+    stands[static_cast<unsigned char>(wildcard.character)] = wildcard.stands;
+  }
+  return stands;
+}();
+
 bool Wildcard::MatchesLetterClass(char wordCharacter) const {
   return letters.find(wordCharacter) != std::string_view::npos ||
          (otherCharacters && !(wordCharacter >= 'a' && wordCharacter <= 'z'));
@@ -129,13 +127,10 @@ std::span<const Wildcard> Wildcards() {
 }
 
 const Wildcard* FindWildcard(char character) {
-  const size_t row = kRowOf[static_cast<unsigned char>(character)];
-  return row == 0 ? nullptr : &kWildcards[row - 1];
-}
-
-bool IsWildcard(char character, Stands stands) {
-  const Wildcard* wildcard = FindWildcard(character);
-  return wildcard != nullptr && wildcard->stands == stands;
+  const auto* const row = std::find_if(kWildcards.begin(), kWildcards.end(), [character](const Wildcard& wildcard) {
+    return wildcard.character == character;
+  });
+  return row == kWildcards.end() ? nullptr : row;
 }
 
 std::span<const WildcardSummaryRow> WildcardSummary() {

@@ -1,13 +1,16 @@
 // The one table of the pattern language's special characters: what each stands for and what is said of it.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
 namespace quorvane {
 
-// What a special character stands for. It decides where the character may stand and what it forbids.
-enum class Stands {
+// What a character of a pattern stands for. It decides where a special character may stand and what it forbids.
+enum class Stands : uint8_t {
+  Itself,  // No special character.
   AnyCharacter,
   AnyNumber,      // Of any characters.
   Letters,        // One of the row's letters.
@@ -27,7 +30,7 @@ struct WildcardSummaryRow {
 
 struct Wildcard {
   char character = 0;
-  Stands stands = Stands::AnyCharacter;
+  Stands stands = Stands::Itself;
   // Of Stands::Letters. They are the initials of the words that a pattern beginning with the character can match.
   std::string_view letters{};
   bool otherCharacters = false;  // Beside the letters every character but "a" to "z".
@@ -50,8 +53,11 @@ struct Wildcard {
 std::span<const Wildcard> Wildcards();
 // The entry of a character, or null when it is none.
 const Wildcard* FindWildcard(char character);
-// What the character stands for: nothing but itself when it is none of `Wildcards`.
-bool IsWildcard(char character, Stands stands);
+
+extern const std::array<Stands, 256> kStandsFor;  // By character.
+inline Stands StandsFor(char character) {
+  return kStandsFor[static_cast<unsigned char>(character)];
+}
 
 std::span<const WildcardSummaryRow> WildcardSummary();
 
