@@ -67,42 +67,6 @@ TEST(LexiconMaker, ReadsWordLists) {
   }
 }
 
-TEST(LexiconMaker, WhatItWritesLoads) {
-  const TemporaryDirectory directory;
-  std::mt19937 engine(11);
-  const std::string characters = "abcABCxyz\xC3\xA9\xE9'- ,\r1";
-  for (int round = 0; round < 300; ++round) {
-    std::string list;
-    std::set<std::string> kept;  // Words of letters only, the part of the outcome that needs no table.
-    for (int line = 0; line < 40; ++line) {
-      std::string word;
-      for (auto length = engine() % 7; length > 0; --length) {
-        word += characters[engine() % characters.size()];
-      }
-      if (!word.empty() && std::all_of(word.begin(), word.end(), [](char c) { return IsLetter(c); })) {
-        kept.insert(FoldText(word));
-      }
-      list += word + (engine() % 2 == 0 ? "\n" : "\r\n");
-    }
-    LexiconMaker maker;
-    maker.AddList(list);
-    const Words& words = maker.Finish();
-    int64_t left = 0;
-    for (const LeftOut reason : {LeftOut::Empty, LeftOut::TooLong, LeftOut::OtherCharacters, LeftOut::Repeated}) {
-      left += maker.Left(reason).count;
-    }
-    ASSERT_EQ(maker.LinesRead(), static_cast<int64_t>(words.size()) + left);
-    ASSERT_TRUE(std::includes(words.begin(), words.end(), kept.begin(), kept.end())) << list;
-    ASSERT_TRUE(std::adjacent_find(words.begin(), words.end(), std::greater_equal<>()) == words.end()) << list;
-    const std::string path = directory.File("made.lex");
-    ASSERT_FALSE(WriteLexiconFile(path, words));
-    ASSERT_EQ(ReadFile(path), Lines(words));
-    const LoadResult loaded = LoadLexicon(path);
-    ASSERT_EQ(loaded.outcome, words.empty() ? LoadOutcome::ListError : LoadOutcome::Ok);
-    ASSERT_EQ(loaded.count, static_cast<int32_t>(words.size()));
-  }
-}
-
 TEST(LexiconMaker, AFullDiskIsAnError) {
   const auto error = WriteLexiconFile("/dev/full", {"ab", "cd"});
   ASSERT_TRUE(error);

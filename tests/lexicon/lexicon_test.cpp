@@ -190,37 +190,6 @@ TEST(Lexicon, FilesThatCanNotBeReadAreWordZero) {
   }
 }
 
-TEST(Lexicon, IndexOfInitials) {
-  const struct {
-    const char* name;
-    Words words;
-    int32_t capacity;
-    std::map<size_t, int32_t> starts;  // What is not named is 0.
-  } cases[] = {
-      {"upper and lower case are one block",
-       {"u", "V", "v", "W"},
-       99,
-       {{21, 1}, {22, 3}, {23, 4}, {24, 4}, {25, 4}, {26, 4}}},
-      {"blocks out of order", {"z", "b"}, 99, {{1, 1}, {26, 2}}},
-      {"the start of A is always 0", {"y", "a", "a", "z"}, 99, {{25, 3}, {26, 4}}},
-      {"a letter in two blocks keeps the later", {"x", "y", "x", "z"}, 99, {{23, 2}, {24, 1}, {25, 3}, {26, 4}}},
-      {"behind Z: the entry of the bracket is the count", {"z", "[c", "_d"}, 99, {{26, 3}, {30, 2}}},
-      {"first word behind Z: nothing is filled", {"\\a", "]b", "z"}, 99, {{25, 2}, {26, 3}, {28, 1}}},
-      {"at the capacity nothing is filled", {"a", "d", "d", "z"}, 3, {{3, 1}}},
-      {"at the capacity the bracket keeps its start", {"y", "[", "z"}, 2, {{26, 1}}},
-  };
-  for (const auto& [name, words, capacity, starts] : cases) {
-    SCOPED_TRACE(name);
-    const LoadResult loaded = LoadBytes(Lines(words), capacity);
-    ASSERT_TRUE(loaded.Usable());
-    EXPECT_EQ(loaded.letterStart, loaded.lexicon->letterStart());
-    for (size_t i = 0; i < static_cast<size_t>(kInitials); ++i) {
-      const auto start = starts.find(i);
-      EXPECT_EQ(loaded.letterStart[i], start == starts.end() ? 0 : start->second) << i;
-    }
-  }
-}
-
 TEST(Lexicon, AgreesWithAPlainReader) {
   const TemporaryDirectory directory;
   std::mt19937 engine(7);
@@ -284,54 +253,6 @@ TEST(Lexicon, AgreesWithAPlainReader) {
                              LoadOutcome::NotSortedError, LoadOutcome::ListError}) {
     EXPECT_GT(outcomes[outcome], 30) << "cases of outcome " << static_cast<int>(outcome);
   }
-}
-
-TEST(Lexicon, FilesThatFillTheirLastPage) {
-  for (const TextSource source : {TextSource::Read, TextSource::Map}) {
-    for (const size_t size : {4095u, 4096u, 4097u, 8192u, 65536u}) {
-      std::string bytes;
-      while (bytes.size() + 100 < size) {
-        bytes += "Abc\r\n";
-      }
-      const std::string last = "z" + std::string((size - bytes.size()) / 2, 'y');
-      bytes += std::string(size - bytes.size() - last.size() - 1, 'a') + "\n" + last;
-      ASSERT_EQ(bytes.size(), size);
-      std::shared_ptr<const Lexicon> lexicon;
-      {
-        const TemporaryDirectory directory;
-        lexicon = LoadLexicon(directory.Write("words.lex", bytes), kLexiconCapacity, source).lexicon;
-      }
-      // The file is gone; the lexicon does not need it.
-      ASSERT_TRUE(lexicon);
-      const auto count = static_cast<WordNumber>(lexicon->count());
-      EXPECT_EQ(lexicon->Word(count), last);
-      EXPECT_EQ(lexicon->Letters(count), LetterBit('z') | LetterBit('y'));
-      EXPECT_EQ(lexicon->Word(1), "Abc");
-      EXPECT_EQ(lexicon->FoldedWord(1), "abc");
-    }
-  }
-}
-
-TEST(Lexicon, HoldsTwoMillionWords) {
-  const TemporaryDirectory directory;
-  std::string bytes;
-  for (int i = 0; i < 2'000'000; ++i) {
-    bytes += "ab\r\n";
-  }
-  bytes.replace(bytes.size() - 4, 2, "zy");
-  LoadResult loaded = LoadLexicon(directory.Write("words.lex", bytes));
-  EXPECT_EQ(loaded.outcome, LoadOutcome::Ok);
-  EXPECT_EQ(loaded.count, 2'000'000);
-  EXPECT_EQ(loaded.letterStart[26], 2'000'000);
-  EXPECT_EQ(loaded.lexicon->ProgressStep(), 100'000);
-  loaded = LoadLexicon(directory.Write("words.lex", bytes + "zz"));
-  EXPECT_EQ(loaded.outcome, LoadOutcome::Capacity);
-  EXPECT_EQ(loaded.count, 2'000'000);
-  EXPECT_EQ(loaded.lengthCount[2], 2'000'000);
-  ASSERT_TRUE(loaded.Usable());
-  EXPECT_EQ(loaded.lexicon->Word(2'000'000), "zy");
-  EXPECT_EQ(ReportOf(loaded).logText,
-            "Max # of input words in array reached; last word read was 'zy', #2000000: Err=9");
 }
 
 TEST(LexiconName, ListsTheLexiconsOfADirectory) {

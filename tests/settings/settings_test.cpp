@@ -1,5 +1,6 @@
 // Settings table, old initialisation file, log, colours and stopwatch.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 
@@ -9,6 +10,7 @@
 #include "settings/printer_errors.h"
 #include "settings/settings_table.h"
 #include "settings/stop_watch.h"
+#include "tests/support/file_size_limit.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvane::test {
@@ -132,6 +134,13 @@ TEST_F(OldIni, AFileThatIsNotThereOrCannotBeReadIsNamed) {
   result = ini.Read(dir.path(), "quorvane");
   EXPECT_NE(result.code, OldIniFile::kReadOk);
   EXPECT_FALSE(ini.Loaded());
+  std::filesystem::remove(dir.File("quorvane.ini"));
+  ASSERT_EQ(mkfifo(dir.File("quorvane.ini").c_str(), 0600), 0);  // Opening it would wait for a writer.
+  EXPECT_TRUE(ini.Read(dir.path(), "quorvane").boxText.ends_with("Error #75 (it is a pipe, not a file)"));
+  std::filesystem::remove(dir.File("quorvane.ini"));
+  dir.Write("quorvane.ini", "a=1");
+  std::filesystem::resize_file(dir.File("quorvane.ini"), kMaxSmallFile + 1);
+  EXPECT_TRUE(ini.Read(dir.path(), "quorvane").boxText.ends_with("Error #75 (it is larger than 4 MB)"));
 }
 
 class Log : public testing::Test {
@@ -204,6 +213,19 @@ TEST_F(Log, TheClearCaptionTakesTheSecondField) {
     EXPECT_TRUE(log->IsOpen());
     EXPECT_EQ(Text(), text);
   }
+}
+
+TEST_F(Log, OfAnEntryThatDoesNotFitNothingStays) {
+  const auto log = Open(path);
+  log->Write("A", "whole");
+  const std::string before = Text();
+  {
+    const FileSizeLimit limit(before.size() + 10);
+    EXPECT_TRUE(log->Write("START", "torn"));
+  }
+  EXPECT_EQ(Text(), before);
+  EXPECT_FALSE(log->Write("A", "whole"));
+  EXPECT_EQ(Text(), before + before);
 }
 
 TEST_F(Log, AFileThatCannotBeWrittenIsToldOnce) {

@@ -53,14 +53,6 @@ class StartUpReadTest : public testing::Test, public StartUpSite {
 
 using Texts = std::vector<std::string>;
 
-TEST_F(StartUpReadTest, TheFixedFontLivesThroughOneRestart) {
-  store.values["Settings/ListFont"] = "Fixed";
-  Run();
-  EXPECT_EQ(applied[Setting::ListFont] + "|" + store.values["Settings/ListFont"], "Fixed|");
-  Run();
-  EXPECT_EQ(applied[Setting::ListFont] + "|" + store.values["Settings/ListFont"], "Prop|Prop");
-}
-
 TEST_F(StartUpReadTest, APrinterThatHasGoneOrFails) {
   store.values["Printer/PrinterName"] = "Cellar";
   Run();
