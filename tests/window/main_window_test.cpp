@@ -136,6 +136,7 @@ TEST_F(MainWindowTest, LookUpAndSaveKeysActOnlyWhileTheirCommandsDo) {
   Key(Qt::Key_F8);
   EXPECT_EQ(Status(), "Please enter a word selection.");
   Search("c?t");
+  EXPECT_FALSE(Find("pbBar")->isVisible());
   NewLog();
   Key(Qt::Key_F5);  // Nothing is selected.
   EXPECT_EQ(Status(), "2 words found");
