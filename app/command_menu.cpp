@@ -24,6 +24,9 @@ CommandMenu::CommandMenu(QMainWindow& window, Controllers controllers, std::func
     QAction* action = row.command == Command::None ? menu->addSeparator() : menu->addAction(FromText(row.caption));
     action->setObjectName(FromText(row.name));
     action->setCheckable(row.ticked != nullptr);
+    if (!row.shortcut.empty()) {
+      action->setShortcut(QKeySequence(FromText(row.shortcut)));
+    }
     items_.push_back({&row, action});
     if (row.run != nullptr) {
       QObject::connect(action, &QAction::triggered, &window, [this, &row] { Run(row); });

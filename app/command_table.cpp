@@ -7,6 +7,7 @@
 #include "app/option_controller.h"
 #include "app/option_table.h"
 #include "app/search_controller.h"
+#include "app/workbench_controller.h"
 #include "settings/colours.h"
 
 namespace quorvane {
@@ -18,6 +19,7 @@ constexpr std::array kMenus = {
     MenuRow{Menu::WordType, "menWordType", "Word &Type"},
     MenuRow{Menu::Options, "menOptions", "&Options"},
     MenuRow{Menu::Colours, "menColours", "&Colours"},
+    MenuRow{Menu::Workbench, "menWorkbench", "Wor&kbench"},
     MenuRow{Menu::Help, "menHelp", "&Help"},
 };
 
@@ -112,7 +114,7 @@ CommandRow ModeItem(const WordTypeFacts& mode) {
 
 CommandRow OptionItem(const OptionRow& option) {
   return {.command = Command::ToggleOption,
-          .menu = Menu::Options,
+          .menu = option.menu,
           .name = option.item,
           .caption = option.caption,
           .run = [](const Controllers& c, int which) { c.options.Toggle(static_cast<Option>(which)); },
@@ -121,7 +123,8 @@ CommandRow OptionItem(const OptionRow& option) {
               [](const CommandState& state, int which) {
                 const auto found = state.session.options.find(static_cast<Option>(which));
                 return found != state.session.options.end() && found->second;
-              }};
+              },
+          .shortcut = option.shortcut};
 }
 
 CommandRow ColourItem(const ColourElementRow& colour) {
@@ -143,6 +146,29 @@ constexpr std::array kColours = {
     Separator(Menu::Colours, "menSep8"),
     CommandRow{Command::ResetColours, Menu::Colours, "menResetAllToDefault", "&Reset all to default",
                [](const Controllers& c, int) { c.options.ResetColours(); }},
+};
+
+CommandRow WorkbenchItem(Command command, std::string_view name, std::string_view caption, std::string_view shortcut,
+                         void (*run)(const Controllers&, int), bool (*enabled)(const CommandState&) = nullptr) {
+  return {.command = command,
+          .menu = Menu::Workbench,
+          .name = name,
+          .caption = caption,
+          .run = run,
+          .enabled = enabled,
+          .shortcut = shortcut};
+}
+
+const std::array kWorkbench = {
+    WorkbenchItem(
+        Command::CopyAll, "menCopyAll", "&Copy all words", "Ctrl+Shift+C",
+        [](const Controllers& c, int) { c.workbench.CopyAll(); }, HasFound),
+    WorkbenchItem(Command::ShowWildcardsBeside, "menWildcardsBeside", "Wildcards &beside the work", "",
+                  [](const Controllers& c, int) { c.workbench.ShowWildcardsBeside(); }),
+    WorkbenchItem(Command::GoToList, "menGoToList", "Go to the &list", "Ctrl+Down",
+                  [](const Controllers& c, int) { c.workbench.GoToList(); }),
+    WorkbenchItem(Command::GoToPattern, "menGoToPattern", "Go to the &pattern", "Ctrl+Up",
+                  [](const Controllers& c, int) { c.workbench.GoToPattern(); }),
 };
 
 constexpr std::array kHelp = {
@@ -169,16 +195,21 @@ std::vector<CommandRow> MakeRows() {
   for (const WordTypeFacts& mode : WordTypes()) {
     rows.push_back(ModeItem(mode));
   }
-  for (const OptionRow& option : Options()) {
-    if (!option.item.empty()) {
-      rows.push_back(OptionItem(option));
+  const auto addOptions = [&rows](Menu menu) {
+    for (const OptionRow& option : Options()) {
+      if (!option.item.empty() && option.menu == menu) {
+        rows.push_back(OptionItem(option));
+      }
     }
-  }
+  };
+  addOptions(Menu::Options);
   add(kLog);
   for (const ColourElementRow& colour : ColourElements()) {
     rows.push_back(ColourItem(colour));
   }
   add(kColours);
+  addOptions(Menu::Workbench);
+  add(kWorkbench);
   add(kHelp);
   return rows;
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/menu.h"
 #include "app/session.h"
 #include "search/character_lists.h"
 
@@ -13,12 +14,14 @@ namespace quorvane {
 class SearchController;
 class FileController;
 class OptionController;
+class WorkbenchController;
 
 // Everything that carries a command out.
 struct Controllers {
   SearchController& search;
   FileController& files;
   OptionController& options;
+  WorkbenchController& workbench;
 };
 
 // What the rules of the commands look at.
@@ -28,8 +31,6 @@ struct CommandState {
   size_t entries = 0;         // Entries on the screen.
   bool wordSelected = false;  // One of them is.
 };
-
-enum class Menu { File, Select, WordType, Options, Colours, Help };
 
 struct MenuRow {
   Menu menu;
@@ -60,6 +61,10 @@ enum class Command {
   CountByLength,
   ShowWildcards,
   LookUp,
+  GoToList,
+  GoToPattern,
+  CopyAll,
+  ShowWildcardsBeside,
 };
 
 struct CommandRow {
@@ -73,8 +78,9 @@ struct CommandRow {
   // Whether it may be chosen, and whether it is ticked; null for always, and for no tick.
   bool (*enabled)(const CommandState& state) = nullptr;
   bool (*ticked)(const CommandState& state, int which) = nullptr;
-  bool keyActsAlways = false;  // The key acts even where the item may not be chosen.
-  bool inMenu = true;          // Else the row is that of a button and its key.
+  bool keyActsAlways = false;   // The key acts even where the item may not be chosen.
+  bool inMenu = true;           // Else the row is that of a button and its key.
+  std::string_view shortcut{};  // Of a command beyond the function keys: "Ctrl+R".
 };
 
 std::span<const MenuRow> Menus();

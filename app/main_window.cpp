@@ -14,7 +14,7 @@
 
 #include "app/guard.h"
 #include "app/start/shut_down.h"
-#include "base/version.h"
+#include "base/window/beside.h"
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
 #include "lookup/window/lookup_panel.h"
@@ -22,7 +22,6 @@
 #include "results/window/result_options_panel.h"
 #include "results/window/results_panel.h"
 #include "results/window/sort_panel.h"
-#include "search/window/frm_change_list.h"
 #include "search/window/length_panel.h"
 #include "search/window/lists_panel.h"
 #include "search/window/pattern_panel.h"
@@ -55,7 +54,8 @@ MainWindow::MainWindow(Services& services)
       colours_(*this),
       files_(*this, session_, services),
       searching_(*this, session_, services, [this] { return files_.AutoSave(); }),
-      options_(*this, session_, services) {
+      options_(*this, session_, services),
+      workbench_(*this, session_, services, searching_) {
   setObjectName("Quorvane");
   // The stored colours are made for a light window; what lies outside it follows the desktop.
   setPalette(LightPalette());
@@ -63,7 +63,7 @@ MainWindow::MainWindow(Services& services)
   MakePanels();
   LayOut();
   menu_ = std::make_unique<CommandMenu>(
-      *this, Controllers{searching_, files_, options_}, [this] { return State(); },
+      *this, Controllers{searching_, files_, options_, workbench_}, [this] { return State(); },
       [this](std::string_view name, const std::function<void()>& command) { Do(name, command); });
   menu_->OnOpening(Menu::Select, [this] { searching_.RefreshListCaptions(); });
   menu_->OnOpening(Menu::Options,
@@ -173,6 +173,8 @@ void MainWindow::WireSearch() {
   connect(pattern_, &PatternPanel::SearchRequested, this, [this] { Do("Search", [this] { searching_.FindWords(); }); });
   connect(pattern_, &PatternPanel::ExitRequested, this, [this] { files_.Exit(); });
   connect(lengths_, &LengthPanel::Status, this, status);
+  connect(lengths_, &LengthPanel::Changed, this, [this] { searching_.SearchLive(); });
+  connect(resultOptions_, &ResultOptionsPanel::UpperCaseChosen, this, [this] { searching_.SearchLive(); });
   connect(sort_, &SortPanel::SortRequested, this,
           [this](SortOrder order) { Do("Sort", [this, order] { searching_.Sort(order); }); });
   connect(lists_, &ListsPanel::ListClicked, this,
@@ -230,149 +232,6 @@ void MainWindow::SetTabOrder() {
   }
 }
 
-void MainWindow::ShowCaption(const std::string& caption) {
-  setWindowTitle(FromText(caption.empty() ? "Quorvane  v" + VersionText() + "  " : caption));
-}
-
-void MainWindow::ShowStatus(const std::string& text, bool bold) {
-  QFont font = lblStatus_->font();
-  font.setBold(bold);
-  font.setItalic(false);
-  lblStatus_->setFont(font);
-  lblStatus_->setText(ScreenText(text));
-  lblStatus_->repaint();
-}
-
-void MainWindow::ShowTimer(const std::string& text) {
-  lblTimer_->setText(FromText(text));
-}
-
-void MainWindow::BeginProgress(int whole) {
-  pbBar_->setRange(0, whole);
-  pbBar_->setValue(0);
-  pbBar_->show();
-}
-
-void MainWindow::ShowProgress(int position) {
-  pbBar_->setValue(position);
-  pbBar_->repaint();
-}
-
-void MainWindow::EndProgress() {
-  pbBar_->hide();
-}
-
-Search MainWindow::Asked() const {
-  return {pattern_->Text(), session_.input.selected, session_.input.noun, lengths_->Range(),
-          StoredLists(services_.settings)};
-}
-
-void MainWindow::FocusPattern() {
-  pattern_->FocusPattern();
-}
-
-void MainWindow::ShowText(const std::string& text, size_t caret) {
-  pattern_->ShowText(text, caret);
-}
-
-void MainWindow::ShowInput() {
-  pattern_->ShowControls(session_.input);
-  UpdateCommands();
-}
-
-SortOrder MainWindow::Order() const {
-  return sort_->Order();
-}
-
-bool MainWindow::UpperCase() const {
-  return resultOptions_->UpperCase();
-}
-
-void MainWindow::EnableLengthOrders() {
-  sort_->EnableLengthOrders();
-}
-
-const ResultList& MainWindow::Results() const {
-  return results_->Results();
-}
-
-void MainWindow::ChangeResults(const std::function<void(ResultList&)>& change) {
-  results_->ChangeResults(change);
-}
-
-std::optional<size_t> MainWindow::SelectedEntry() const {
-  return results_->Selected();
-}
-
-std::optional<std::string> MainWindow::SelectedWord() const {
-  const auto selected = results_->Selected();
-  return selected ? std::optional(results_->Results().Entry(*selected)) : std::nullopt;
-}
-
-void MainWindow::ClearPosition() {
-  results_->ClearPosition();
-}
-
-void MainWindow::ShowList(ListKind kind, const std::string& list) {
-  lists_->ShowList(kind, list);
-}
-
-void MainWindow::ShowListCaption(ListKind kind, const std::string& caption) {
-  menu_->SetCaption(Command::EditList, static_cast<int>(kind), FromBytes(caption));
-}
-
-void MainWindow::ShowLexicon(const std::string& name) {
-  lists_->ShowLexicon(name);
-}
-
-void MainWindow::ShowResource(const std::string& setting) {
-  lookup_->ShowResource(setting);
-}
-
-void MainWindow::SetAutoSave(bool on) {
-  resultOptions_->SetAutoSave(on);
-}
-
-void MainWindow::SetListRegionTwips(int height) {
-  results_->SetRegionHeight(PixelsOfTwips(height));
-}
-
-void MainWindow::SetListBold(bool on) {
-  appearance_->SetBold(on);
-}
-
-void MainWindow::SetListItalic(bool on) {
-  appearance_->SetItalic(on);
-}
-
-void MainWindow::SelectOrder(SortOrder order) {
-  sort_->Select(order);
-}
-
-void MainWindow::SetLengths(int min, int max) {
-  lengths_->SetRange(min, max);
-}
-
-void MainWindow::SelectAnyLength() {
-  lengths_->SelectAnyLength();
-}
-
-void MainWindow::SetFixedWidth(bool fixed) {
-  appearance_->SetFixedWidth(fixed);
-}
-
-CommandState MainWindow::State() const {
-  const ResultList& results = results_->Results();
-  return {session_, results.FoundCount(), results.EntryCount(), results_->Selected().has_value()};
-}
-
-void MainWindow::UpdateCommands() {
-  const CommandState state = State();
-  menu_->Update(state);
-  resultOptions_->AllowPrint(RowOf(Command::Print).enabled(state));
-  lookup_->AllowLookup(RowOf(Command::LookUp).enabled(state));
-}
-
 // The pattern box, the list and the status line take the room; the right column moves with it.
 void MainWindow::SetWide(bool wide) {
   if (wide == wide_) {
@@ -419,7 +278,8 @@ void MainWindow::End(const char* entry) {
   ShutDown(services_, session_);
 }
 
-// Function keys belong to the window before any of its controls sees them; a dialog is a window of its own.
+// Function keys belong to the window before any of its controls sees them, and to the windows beside it; a dialog is a
+// window of its own.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) {
     return false;
@@ -427,8 +287,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(watched);
   auto* key = static_cast<QKeyEvent*>(event);
   const int number = key->key() - Qt::Key_F1 + 1;
-  if (widget == nullptr || widget->window() != this || key->modifiers() != Qt::NoModifier || number < 1 ||
-      number > 12 || QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) {
+  if (widget == nullptr || (widget->window() != this && !IsBesideTheWork(widget->window())) ||
+      key->modifiers() != Qt::NoModifier || number < 1 || number > 12 || QApplication::activeModalWidget() != nullptr ||
+      QApplication::activePopupWidget() != nullptr) {
     return false;
   }
   event->accept();

@@ -11,6 +11,7 @@
 #include "app/services.h"
 #include "app/session.h"
 #include "app/start/start_up.h"
+#include "app/workbench_controller.h"
 
 class QGridLayout;
 class QLabel;
@@ -27,7 +28,12 @@ class ResultOptionsPanel;
 class ResultsPanel;
 class SortPanel;
 
-class MainWindow : public QMainWindow, private SearchView, private FileView, private OptionView, private StartUpView {
+class MainWindow : public QMainWindow,
+                   private SearchView,
+                   private FileView,
+                   private OptionView,
+                   private StartUpView,
+                   private WorkbenchView {
   Q_OBJECT
 
  public:
@@ -65,6 +71,8 @@ class MainWindow : public QMainWindow, private SearchView, private FileView, pri
   void ChangeResults(const std::function<void(ResultList&)>& change) override;
   std::optional<size_t> SelectedEntry() const override;
   void ClearPosition() override;
+  void SelectEntry(std::optional<size_t> entry) override;
+  void ShowLive(const std::string& text, bool stale) override;
   void ShowList(ListKind kind, const std::string& list) override;
   void ShowListCaption(ListKind kind, const std::string& caption) override;
   void ShowCaption(const std::string& caption) override;
@@ -80,6 +88,7 @@ class MainWindow : public QMainWindow, private SearchView, private FileView, pri
   void SetListBold(bool on) override;
   void SetListItalic(bool on) override;
   void SetWide(bool on) override;
+  void SetLiveResults(bool on) override;
   ColourScheme& Colours() override { return colours_; }
   // StartUpView
   void SelectOrder(SortOrder order) override;
@@ -89,6 +98,12 @@ class MainWindow : public QMainWindow, private SearchView, private FileView, pri
 
   // Carries out what was asked for; short memory ends it with a message.
   void Do(std::string_view tried, const std::function<void()>& command);
+  // WorkbenchView
+  WordSequence ShownWords() const override;
+  void FocusList() override;
+  void TypeText(const std::string& text) override;
+  void TypeCharacter(char character) override;
+
   CommandState State() const;
   // The entry, unless a command has written one; closes what is open and shuts the program down.
   void End(const char* entry);
@@ -105,6 +120,7 @@ class MainWindow : public QMainWindow, private SearchView, private FileView, pri
   FileController files_;
   SearchController searching_;
   OptionController options_;
+  WorkbenchController workbench_;
   std::unique_ptr<CommandMenu> menu_;
 
   PatternPanel* pattern_ = nullptr;

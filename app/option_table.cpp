@@ -37,6 +37,10 @@ constexpr std::array kRows = {
     OptionRow{Option::WideScreen, Setting::WideScreen, "menWideScreen", "&Wide Screen",
               "Wide screen mode has been set.", "Normal-width screen mode has been set.",
               [](OptionSite& site, EventLog&, bool on) { site.SetWide(on); }},
+    OptionRow{Option::LiveResults, Setting::LiveResults, "menLiveResults", "&Results while typing",
+              "Results are shown while you type.", "Results are shown when you ask for them.",
+              [](OptionSite& site, EventLog&, bool on) { site.SetLiveResults(on); }, nullptr, Menu::Workbench,
+              "Ctrl+R"},
 };
 static_assert(
     [] {

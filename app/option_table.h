@@ -6,13 +6,14 @@
 #include <string>
 #include <string_view>
 
+#include "app/menu.h"
 #include "app/view.h"
 #include "settings/event_log.h"
 #include "settings/settings_table.h"
 
 namespace quorvane {
 
-enum class Option { AutoSave, Literati, Timer, Log, ListBold, ListItalic, WideScreen };
+enum class Option { AutoSave, Literati, Timer, Log, ListBold, ListItalic, WideScreen, LiveResults };
 
 // What an option acts on.
 class OptionSite : public virtual View {
@@ -22,12 +23,13 @@ class OptionSite : public virtual View {
   virtual void SetListBold(bool on) = 0;
   virtual void SetListItalic(bool on) = 0;
   virtual void SetWide(bool on) = 0;
+  virtual void SetLiveResults(bool on) = 0;
 };
 
 struct OptionRow {
   Option option;
   Setting setting;
-  // Of its item in the menu Options; empty for an option that a control of a panel shows.
+  // Of its menu item; empty for an option that a control of a panel shows.
   std::string_view item;
   std::string_view caption;
   // What the status line says of a change; empty where it keeps its text.
@@ -37,6 +39,8 @@ struct OptionRow {
   void (*apply)(OptionSite& site, EventLog& log, bool on);
   // What a change does instead, where that is more: the text of what went wrong, if anything did.
   std::optional<std::string> (*change)(OptionSite& site, EventLog& log, bool on) = nullptr;
+  Menu menu = Menu::Options;
+  std::string_view shortcut{};
 };
 
 std::span<const OptionRow> Options();

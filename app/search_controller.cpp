@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/option_table.h"
+#include "base/text.h"
 #include "base/window/qt_text.h"
 #include "results/summary.h"
 #include "results/window/frm_random_disc.h"
@@ -98,11 +99,45 @@ void SearchController::CheckInput(const std::string& text, size_t caret) {
     view_.ShowStatus(answer.LastStatus());
   }
   BeepTimes(services_.door, answer.beeps);
+  SearchLive();
+}
+
+void SearchController::ShowLiveCount(bool counted) {
+  if (session_.options[Option::LiveResults]) {
+    const auto count = static_cast<int64_t>(view_.Results().FoundCount());
+    view_.ShowLive(counted ? FormatThousands(count) + " fit" : "-", false);
+  }
+}
+
+void SearchController::SearchLive() {
+  if (!session_.options[Option::LiveResults] || session_.scanActive || session_.lexicon == nullptr) {
+    return;
+  }
+  const SearchRun run(view_.Asked());
+  const PreparedPattern& prepared = run.Prepared();
+  if (prepared.Empty() || prepared.refusal || prepared.randomCount || !session_.input.canSearch) {
+    view_.ShowLive("-", view_.Results().EntryCount() > 0);
+    return;
+  }
+  const auto entry = view_.SelectedEntry();
+  const std::string selected = entry ? view_.Results().Entry(*entry) : "";
+  ScanOutcome outcome;
+  view_.ChangeResults([&](ResultList& results) {
+    outcome = run.List(session_.lexicon, services_.random, {view_.UpperCase(), services_.screenCapacity}, results);
+    if (view_.Order() != SortOrder::Alphabetic) {
+      results.Sort(view_.Order(), view_.UpperCase());
+    }
+  });
+  session_.input.saveAsLexicon = true;
+  ShowLiveCount(outcome.errors.empty());
+  view_.SelectEntry(entry ? view_.Results().Find(selected) : std::nullopt);
+  view_.UpdateCommands();
 }
 
 void SearchController::SelectMode(WordType type) {
   SelectWordType(session_.input, type);
   view_.ShowInput();
+  SearchLive();
 }
 
 void SearchController::RefreshListCaptions() {
@@ -153,6 +188,7 @@ void SearchController::Scan(const SearchRun& run) {
         run.List(session_.lexicon, services_.random, {view_.UpperCase(), services_.screenCapacity}, results, &progress);
   });
   session_.input.saveAsLexicon = !run.Prepared().randomCount;
+  ShowLiveCount(!run.Prepared().randomCount && outcome.errors.empty());
   view_.UpdateCommands();
   ReportScan(outcome);
   view_.ShowCaption("");
@@ -214,6 +250,7 @@ void SearchController::Sort(SortOrder order) {
 void SearchController::ClearList() {
   view_.ChangeResults([](ResultList& results) { results.Clear(); });
   view_.ClearPosition();
+  ShowLiveCount(false);
   view_.UpdateCommands();
   view_.FocusPattern();
   view_.ShowStatus("Word list cleared", true);
@@ -238,6 +275,7 @@ void SearchController::EditList(ListKind kind) {
   view_.ShowList(kind, after);
   view_.ShowListCaption(kind, ListMenuCaption(kind, after, false));
   view_.ShowStatus(ListStatusText(kind, after, after != before));
+  SearchLive();
 }
 
 }  // namespace quorvane

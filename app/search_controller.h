@@ -32,6 +32,10 @@ class SearchView : public virtual View {
   // The entry that is selected, from 0.
   virtual std::optional<size_t> SelectedEntry() const = 0;
   virtual void ClearPosition() = 0;
+  // The entries that are selected and in sight after a change of the list; nothing selects none.
+  virtual void SelectEntry(std::optional<size_t> entry) = 0;
+  // What results while typing say of the text: how many words fit, or "-" over a list that is not the text's.
+  virtual void ShowLive(const std::string& text, bool stale) = 0;
 
   virtual void ShowList(ListKind kind, const std::string& list) = 0;
   virtual void ShowListCaption(ListKind kind, const std::string& caption) = 0;
@@ -58,12 +62,15 @@ class SearchController {
   void CopyEntry();
   void EditList(ListKind kind);
   void RefreshListCaptions();
+  // Something that is searched for has changed: with results while typing on, shows what fits now, and nothing else.
+  void SearchLive();
 
  private:
   void Scan(const SearchRun& run);
   void ReportScan(const ScanOutcome& outcome);
   void ShowTime(const CStopWatch& watch);
   void ShowSummary();
+  void ShowLiveCount(bool counted);
 
   SearchView& view_;
   Session& session_;

@@ -62,13 +62,29 @@ WordSequence ResultList::FoundWordsCopy() const {
   return {lexicon_.get(), copyIsSorted_ ? sorted_.Span() : found_.Span(), copyCase_};
 }
 
+WordSequence ResultList::Shown() const {
+  WordSequence shown = showsCopy_ ? FoundWordsCopy() : FoundWords();
+  shown.letterCase = shownCase_;
+  return shown;
+}
+
+std::optional<size_t> ResultList::Find(std::string_view word) const {
+  const std::string folded = FoldText(word);
+  const WordSequence shown = Shown();
+  for (size_t i = 0; i < listed_; ++i) {
+    const WordNumber number = shown.numbers[i];
+    if (lexicon_->Lengths()[number] == folded.size() && lexicon_->FoldedWord(number) == folded) {
+      return i;
+    }
+  }
+  return std::nullopt;
+}
+
 std::string ResultList::Entry(size_t i) const {
   if (i >= listed_) {
     return std::string(kTruncatedEntry);
   }
-  WordSequence shown = showsCopy_ ? FoundWordsCopy() : FoundWords();
-  shown.letterCase = shownCase_;
-  return shown.Word(i);
+  return Shown().Word(i);
 }
 
 }  // namespace quorvane

@@ -65,6 +65,10 @@ class ResultList {
   // The screen list: its entries, with a last one that says so when the list was truncated.
   size_t EntryCount() const { return listed_ + (truncated_ ? 1 : 0); }
   std::string Entry(size_t i) const;
+  // All found words as the screen shows them.
+  WordSequence Shown() const;
+  // The entry that shows the word, letter case apart; nothing when none does.
+  std::optional<size_t> Find(std::string_view word) const;
 
  private:
   std::optional<Search> search_;

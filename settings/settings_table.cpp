@@ -96,6 +96,9 @@ constexpr std::array kRows = {
                "", OldFile::Nothing, "FFFFFF"},
     SettingRow{Setting::Version, "Startup", "Version", ""},
     SettingRow{Setting::Compiled, "Startup", "Compiled", ""},
+    // The section is written only once something in it is changed.
+    SettingRow{Setting::LiveResults, "Workbench", "LiveResults", "No", Repair::YesNo},
+    SettingRow{Setting::Reading, "Workbench", "Reading", "No", Repair::YesNo},
 };
 static_assert(
     [] {

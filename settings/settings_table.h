@@ -57,6 +57,8 @@ enum class Setting {
   CustomListText,
   Version,
   Compiled,
+  LiveResults,
+  Reading,
 };
 
 // How a value read at start is repaired. Everywhere "NotFound" counts as absent.

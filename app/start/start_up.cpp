@@ -83,6 +83,11 @@ void StartUp::CountFonts() {
 }
 
 void StartUp::RestoreInput() {
+  for (const OptionRow& option : Options()) {
+    if (option.menu == Menu::Workbench) {
+      options_.Apply(option.option, IsYes(GetSetting(services_.settings, option.setting)));
+    }
+  }
   session_.input = InputControls();
   view_.ShowText("", 0);
   view_.ShowInput();

@@ -26,6 +26,7 @@ ResultOptionsPanel::ResultOptionsPanel(QWidget* parent) : QWidget(parent) {
   buttons->addWidget(clear);
   buttons->addWidget(cmdPrint_);
   layout->addLayout(buttons);
+  connect(cbUpperCase_, &QCheckBox::clicked, this, &ResultOptionsPanel::UpperCaseChosen);
   connect(cbSaveToFile_, &QCheckBox::clicked, this, &ResultOptionsPanel::AutoSaveChosen);
   connect(clear, &QPushButton::clicked, this, &ResultOptionsPanel::ClearRequested);
   connect(cmdPrint_, &QPushButton::clicked, this, &ResultOptionsPanel::PrintRequested);

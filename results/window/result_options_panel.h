@@ -20,6 +20,7 @@ class ResultOptionsPanel : public QWidget {
 
  signals:
   void AutoSaveChosen(bool on);
+  void UpperCaseChosen(bool on);
   void ClearRequested();
   void PrintRequested();
 

@@ -1,5 +1,7 @@
 #include "results/window/results_panel.h"
 
+#include <QAccessible>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -34,7 +36,14 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   ShowsColour(lblXofY_, ColourElement::TimerText);
   ShowsColour(lbWordList_, ColourElement::ResultsText, ColourUse::ListText);
   ShowsColour(lbWordList_, ColourElement::ResultsBack, ColourUse::ListBackground);
-  layout->addWidget(caption);
+  lblLive_ = MakeLabel("lblLive", "", "How many words fit what is typed", this);
+  lblLive_->setForegroundRole(QPalette::PlaceholderText);
+  lblLive_->hide();
+  auto* head = new QHBoxLayout;
+  head->addWidget(caption);
+  head->addStretch();
+  head->addWidget(lblLive_);
+  layout->addLayout(head);
   layout->addWidget(lbWordList_, 1);
   layout->addWidget(lblXofY_);
   model_ = new WordListModel(results_, this);
@@ -60,6 +69,36 @@ void ResultsPanel::ChangeResults(const std::function<void(ResultList&)>& change)
 
 void ResultsPanel::SetListFont(const QFont& font) {
   lbWordList_->setFont(font);
+}
+
+void ResultsPanel::FocusList() {
+  const QModelIndex current = lbWordList_->currentIndex();
+  if (!current.isValid() && model_->rowCount() > 0) {
+    lbWordList_->setCurrentIndex(model_->index(0, 0));
+  } else if (current.isValid()) {
+    lbWordList_->setCurrentIndex(current);
+  }
+  lbWordList_->setFocus();
+}
+
+void ResultsPanel::Select(std::optional<size_t> entry) {
+  if (entry) {
+    lbWordList_->setCurrentIndex(model_->index(static_cast<int>(*entry), 0));
+  }
+}
+
+void ResultsPanel::ShowLive(const QString& text) {
+  lblLive_->setVisible(!text.isEmpty());
+  if (lblLive_->text() == text) {
+    return;
+  }
+  lblLive_->setText(text);
+  QAccessibleEvent said(lblLive_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&said);
+}
+
+void ResultsPanel::SetStale(bool stale) {
+  lbWordList_->SetStale(stale);
 }
 
 std::optional<size_t> ResultsPanel::Selected() const {

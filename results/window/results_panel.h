@@ -31,6 +31,13 @@ class ResultsPanel : public QWidget {
   void SetRegionHeight(int height);
 
   void SetListFont(const QFont& font);
+  void FocusList();
+  // Selects an entry and brings it into sight, or selects none.
+  void Select(std::optional<size_t> entry);
+  // A grey text beside the caption; none for an empty one.
+  void ShowLive(const QString& text);
+  // Whether the list is shown in grey, since it is not that of the text in the box.
+  void SetStale(bool stale);
 
  signals:
   // The word that is selected now; empty for none.
@@ -44,6 +51,7 @@ class ResultsPanel : public QWidget {
   WordListModel* model_ = nullptr;
   WordListView* lbWordList_ = nullptr;
   QLabel* lblXofY_ = nullptr;
+  QLabel* lblLive_ = nullptr;
 };
 
 }  // namespace quorvane

@@ -26,6 +26,13 @@ void WordListView::SetFirstHeight(int height) {
   updateGeometry();
 }
 
+void WordListView::SetStale(bool stale) {
+  if (stale_ != stale) {
+    stale_ = stale;
+    viewport()->update();
+  }
+}
+
 QSize WordListView::sizeHint() const {
   return {QAbstractItemView::sizeHint().width(), firstHeight_};
 }
@@ -163,7 +170,8 @@ void WordListView::paintEvent(QPaintEvent*) {
     if (selected) {
       painter.fillRect(place, palette().brush(group, QPalette::Highlight));
     }
-    painter.setPen(palette().color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+    painter.setPen(palette().color(stale_ && !selected ? QPalette::Disabled : group,
+                                   selected ? QPalette::HighlightedText : QPalette::Text));
     painter.drawText(place.adjusted(kTextIndent, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      ShownText(index));
     if (hasFocus() && index == currentIndex()) {

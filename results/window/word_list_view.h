@@ -14,6 +14,8 @@ class WordListView : public QAbstractItemView {
 
   // The height of the view at its first size, in pixels; from there it grows with the window.
   void SetFirstHeight(int height);
+  // Words in grey: they are not what is asked for any more.
+  void SetStale(bool stale);
 
   QRect visualRect(const QModelIndex& index) const override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
@@ -42,6 +44,7 @@ class WordListView : public QAbstractItemView {
   QString ShownText(const QModelIndex& index) const;
 
   int firstHeight_ = 0;
+  bool stale_ = false;
 };
 
 }  // namespace quorvane

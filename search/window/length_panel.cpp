@@ -49,7 +49,10 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
   layout->addLayout(range);
   rbAnyLen_->setChecked(true);
   SetRange(1, storedMax_);
-  connect(rbAnyLen_, &QRadioButton::clicked, this, [this] { emit Status("Words of any length will be selected"); });
+  connect(rbAnyLen_, &QRadioButton::clicked, this, [this] {
+    emit Status("Words of any length will be selected");
+    emit Changed();
+  });
   connect(rbSpecLen_, &QRadioButton::clicked, this, &LengthPanel::ShowRange);
   connect(cbLenFr_, &QComboBox::activated, this, &LengthPanel::MinimumChosen);
   connect(cbLenTo_, &QComboBox::activated, this, &LengthPanel::MaximumChosen);
@@ -115,6 +118,7 @@ void LengthPanel::MaximumChosen() {
 void LengthPanel::ShowRange() {
   emit Status("Words with lengths between " + std::to_string(Min()) + " and " + std::to_string(Max()) +
               " only will be selected");
+  emit Changed();
 }
 
 }  // namespace quorvane

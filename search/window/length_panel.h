@@ -24,6 +24,7 @@ class LengthPanel : public QGroupBox {
 
  signals:
   void Status(const std::string& text);
+  void Changed();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,9 +1,11 @@
 #include "search/window/pattern_box.h"
 
 #include <QSignalBlocker>
+#include <QToolButton>
 #include <QValidator>
 #include <utility>
 
+#include "base/window/controls.h"
 #include "base/window/qt_text.h"
 
 namespace quorvane {
@@ -20,6 +22,11 @@ class PatternBox::Validator : public QValidator {
 
 PatternBox::PatternBox(QWidget* parent) : QLineEdit(parent) {
   setValidator(new Validator(this));
+  setClearButtonEnabled(true);
+  if (auto* clear = findChild<QToolButton*>()) {
+    Named(clear, "cmdClearPattern", "Clear the pattern");
+    clear->setAccessibleName("Clear the pattern");
+  }
 }
 
 std::string PatternBox::Text() const {
@@ -35,6 +42,12 @@ void PatternBox::ShowText(const std::string& text, size_t caret) {
   if (cursorPosition() != static_cast<int>(caret)) {
     setCursorPosition(static_cast<int>(caret));
   }
+}
+
+void PatternBox::TypeOver(const QString& text) {
+  selectAll();
+  insert(text);
+  Settle();
 }
 
 bool PatternBox::Takes(const QString& text, int caret) {

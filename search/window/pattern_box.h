@@ -21,6 +21,8 @@ class PatternBox : public QLineEdit {
   // 8-bit, as the engine takes it.
   std::string Text() const;
   void ShowText(const std::string& text, size_t caret);
+  // As if it were typed over the whole text.
+  void TypeOver(const QString& text);
 
  signals:
   // A change of the text that left nothing behind: what it would have been.

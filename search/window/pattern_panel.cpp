@@ -114,6 +114,14 @@ void PatternPanel::ShowControls(const InputControls& controls) {
   modes_[controls.selected]->setChecked(true);
 }
 
+void PatternPanel::TypeOver(const std::string& text) {
+  tbInput_->TypeOver(FromBytes(text));
+}
+
+void PatternPanel::TypeAtCaret(char character) {
+  tbInput_->insert(QString(QChar(character)));
+}
+
 void PatternPanel::FocusPattern() {
   tbInput_->setFocus();
 }

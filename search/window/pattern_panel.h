@@ -27,6 +27,9 @@ class PatternPanel : public QWidget {
   void ShowText(const std::string& text, size_t caret);
   void ShowControls(const InputControls& controls);
   void FocusPattern();
+  // As if typed: over the whole text, and at the caret.
+  void TypeOver(const std::string& text);
+  void TypeAtCaret(char character);
   // Says what a check would leave of a text.
   void SetCheck(std::function<std::string(const std::string& text, size_t caret)> check);
 

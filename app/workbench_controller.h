@@ -1,0 +1,56 @@
+// What goes beyond the plain search: words out of the list, ways by the keys, windows beside the work.
+#pragma once
+
+#include <QPointer>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "app/services.h"
+#include "app/session.h"
+#include "app/view.h"
+#include "results/result_list.h"
+
+class QPoint;
+
+namespace quorvane {
+
+class SearchController;
+
+// What these commands need of the window.
+class WorkbenchView : public virtual View {
+ public:
+  virtual const ResultList& Results() const = 0;
+  virtual SortOrder Order() const = 0;
+  virtual std::optional<std::string> SelectedWord() const = 0;
+  // What is copied, exported and dragged: the words as they are shown.
+  virtual WordSequence ShownWords() const = 0;
+  virtual void FocusPattern() = 0;
+  virtual void FocusList() = 0;
+  // As if it were typed over what the box holds: the box's undo brings that back.
+  virtual void TypeText(const std::string& text) = 0;
+  virtual void TypeCharacter(char character) = 0;
+};
+
+class WorkbenchController {
+ public:
+  // All outlive the controller. `saveFiles` says which files are never written over.
+  WorkbenchController(WorkbenchView& view, Session& session, Services& services, SearchController& search);
+
+  void GoToList() { view_.FocusList(); }
+  void GoToPattern() { view_.FocusPattern(); }
+  void CopyAll();
+  // Searches for the anagrams of the selected word, and for the words that hold it, as a person would.
+  void FindAnagrams();
+  void FindHolding();
+  void ShowWildcardsBeside();
+
+ private:
+  WorkbenchView& view_;
+  Session& session_;
+  Services& services_;
+  SearchController& search_;
+  QPointer<QDialog> wildcards_;
+};
+
+}  // namespace quorvane
