@@ -176,10 +176,9 @@ class Studio {
 
   void Dialogs() {
     Search("ab*");
-    for (const char* item :
-         {"menNewLex", "menFileSaveFile", "menSaveAsLex", "menSelectChars", "menExcludeChars", "menScrabbleChars",
-          "menFilePrinterSetup", "menChangeWeblink", "memMainText", "menHelpByLetter", "menHelpByLength",
-          "menWildcardSumm", "menHelpHelp", "menHelpAbout"}) {
+    for (const char* item : {"menNewLex", "menFileSaveFile", "menSaveAsLex", "menSelectChars", "menExcludeChars",
+                             "menScrabbleChars", "menFilePrinterSetup", "menChangeWeblink", "memMainText",
+                             "menHelpByLetter", "menHelpByLength", "menWildcardSumm", "menHelpHelp", "menHelpAbout"}) {
       Choose(item);
     }
     Search("~12");
