@@ -182,7 +182,7 @@ void StartUpRead::CheckSaveFile(const std::string& name, std::string_view dummyL
                                 std::string(RowOf(Setting::SaveFileName).step) + " corrected; SaveFileName reset");
 }
 
-// A printer that has gone away is no longer the chosen one.
+// A printer that has gone away is no longer the chosen one; one that could not be looked for is.
 void StartUpRead::ReadPrinter() {
   const SettingRow& row = RowOf(Setting::PrinterName);
   const std::string stored = GetSetting(store_, row.setting);
@@ -192,7 +192,11 @@ void StartUpRead::ReadPrinter() {
   if (printers.error) {
     Report(MakeRunTimeError(*printers.error), row.step);
   }
-  const bool there = std::find(printers.names.begin(), printers.names.end(), stored) != printers.names.end();
+  if (printers.silent) {
+    log_.Write(event::kPrintError, "The printing system does not answer; the printer stays '" + stored + "'");
+  }
+  const bool there =
+      printers.silent || std::find(printers.names.begin(), printers.names.end(), stored) != printers.names.end();
   const std::string current = there ? stored : std::string(kUndefinedPrinter);
   Store(row, current);
   Apply(row, current);

@@ -19,6 +19,7 @@ class StartUpSite {
   struct Printers {
     std::vector<std::string> names;
     std::optional<int> error;  // The number of a printer error, 481 to 486.
+    bool silent = false;       // Which printers there are could not be found out.
   };
 
   virtual ~StartUpSite() = default;

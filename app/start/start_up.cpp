@@ -7,7 +7,7 @@
 #include "base/version.h"
 #include "base/window/qt_text.h"
 #include "lexicon/window/frm_wait.h"
-#include "print/window/printing.h"
+#include "print/window/printers.h"
 #include "search/window/frm_change_list.h"
 
 namespace quorvane {
@@ -155,8 +155,13 @@ void StartUp::ShowBox(const std::string& title, const std::string& text, bool cr
 }
 
 StartUpSite::Printers StartUp::ListPrinters() {
+  if (GetSetting(services_.settings, Setting::PrinterName) == kPdfPrinter) {
+    return {{kPdfPrinter}, {}, false};
+  }
+  const PrinterList list = quorvane::ListPrinters();
   Printers printers;
-  for (const QString& name : PrinterNames()) {
+  printers.silent = list.silent;
+  for (const QString& name : list.names) {
     printers.names.push_back(ToText(name));
   }
   return printers;

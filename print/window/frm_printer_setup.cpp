@@ -15,7 +15,7 @@
 #include "base/window/qt_text.h"
 #include "print/page_estimate.h"
 #include "print/window/frm_sample_text.h"
-#include "print/window/printing.h"
+#include "print/window/printers.h"
 #include "settings/printer_errors.h"
 
 namespace quorvane {
@@ -73,8 +73,11 @@ FrmPrinterSetup::FrmPrinterSetup(SettingsStore& settings, EventLog& log, Door& d
   MakeButtons(layout);
   FillLists();
   ShowSettings();
-  CheckChoices();
-  if (currentPrinter_ != kUndefinedPrinter && !LayoutOfPrinter(currentPrinter_)) {
+  CheckFont();
+  if (silent_) {
+    log_.Write(event::kPrintError, kSilentText);
+    door_.Show(parent, std::string(kSilentText) + "  Only \"" + kPdfPrinter + "\" can be chosen; the printer stays.");
+  } else if (currentPrinter_ != kUndefinedPrinter && !SheetOfPrinter(currentPrinter_, Shown())) {
     reportErrors_(PrinterErrorText("PFL", kPrinterFailed));
   }
   ShowSample();
@@ -156,7 +159,9 @@ void FrmPrinterSetup::FillLists() {
   for (const Paper paper : {Paper::Letter, Paper::Legal, Paper::A4}) {
     cbPaperSize_->addItem(FromText(NameOf(paper)));
   }
-  cbPrinter_->addItems(PrinterNames());
+  const PrinterList printers = ListPrinters();
+  silent_ = printers.silent;
+  cbPrinter_->addItems(printers.names);
   cbPrinter_->setCurrentIndex(cbPrinter_->findText(FromText(currentPrinter_)));
   cbFont_->addItems(PrintFontNames());
 }
@@ -171,18 +176,12 @@ void FrmPrinterSetup::ShowSettings() {
   (read.landscape ? rbLandscape_ : rbPortrait_)->setChecked(true);
 }
 
-void FrmPrinterSetup::CheckChoices() {
+void FrmPrinterSetup::CheckFont() {
   if (cbFont_->currentIndex() < 0) {
     log_.Write(event::kInvalidFont,
                "Invalid Font Name (" + GetSetting(settings_, Setting::FontName) + ") found; defaulting to 'Arial'.");
     cbFont_->setCurrentText(kDefaultFont);
     SaveSetting(settings_, Setting::FontName, kDefaultFont);
-  }
-  if (cbPaperSize_->currentIndex() < 0) {
-    log_.Write(event::kInvalidPaper,
-               "Invalid Paper Size (" + GetSetting(settings_, Setting::PaperSize) + ") found; defaulting to 'Letter'.");
-    cbPaperSize_->setCurrentText("Letter");
-    SaveSetting(settings_, Setting::PaperSize, "Letter");
   }
 }
 
@@ -226,7 +225,7 @@ void FrmPrinterSetup::ShowSample() {
 
 void FrmPrinterSetup::PaperChosen() {
   SaveSetting(settings_, Setting::PaperSize, ToText(cbPaperSize_->currentText()));
-  if (currentPrinter_ != kUndefinedPrinter && currentPrinter_ != kPdfPrinter) {
+  if (!silent_ && currentPrinter_ != kUndefinedPrinter && currentPrinter_ != kPdfPrinter) {
     const auto printer = OpenPrinter(currentPrinter_);
     if (printer == nullptr || !printer->setPageLayout(PageLayoutOf(Shown(), printer->pageLayout()))) {
       reportErrors_(PrinterErrorText("PS", kPrinterFailed));

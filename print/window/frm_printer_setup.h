@@ -32,7 +32,7 @@ class FrmPrinterSetup : public QDialog {
   void MakeButtons(QVBoxLayout* layout);
   void FillLists();
   void ShowSettings();
-  void CheckChoices();
+  void CheckFont();
   void ShowEstimate();
   void ShowSample();
   void PaperChosen();
@@ -55,6 +55,7 @@ class FrmPrinterSetup : public QDialog {
   QRadioButton* rbLandscape_ = nullptr;
   QLabel* lblPageInfo_ = nullptr;
   QLabel* lblSample_ = nullptr;
+  bool silent_ = false;  // Nothing is asked of the printing system.
 };
 
 // The installed fonts that print at any size; "Arial" is always among them.

@@ -1,6 +1,7 @@
 // The page estimate, the laid-out pages and the print settings.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <set>
 
@@ -120,7 +121,8 @@ TEST(PageLayout, EveryWordOnceInOrderInsidePageAndColumnForAllSettings) {
           ++inColumn;
           lastY = placed.y;
           ASSERT_EQ(placed.x, 100 + (column - 1) * columnWidth);
-          ASSERT_LE(Measure(placed.text, placed.font), columnWidth);
+          // A blank's width is free in front of the next column.
+          ASSERT_LE(Measure(placed.text + (column < columns ? " " : ""), placed.font), columnWidth);
           // The body ends above the footer.
           ASSERT_LE(placed.y, static_cast<int>(input.estimate.usableHeight * 1440));
           const std::string word = input.entry(next++);
@@ -144,6 +146,57 @@ TEST(PageLayout, EveryWordOnceInOrderInsidePageAndColumnForAllSettings) {
       "Legal landscape 18: 22/21",
   };
   EXPECT_EQ(differing, known);
+}
+
+// Whatever a printer does not reach: no text stands there, none on another, words keep their order and page.
+TEST(PageLayout, StandsWithinWhatThePrinterReaches) {
+  for (const Sheet& sheet : kSheets) {
+    for (const SheetMargins& margins : {SheetMargins{360, 720, 360, 720},
+                                        {720, 360, 720, 360},
+                                        {360, 400, 90, 965},
+                                        {0, 801, 0, 0},
+                                        {240, 1300, 240, 1500},
+                                        {0, 0, 0, 1000}}) {
+      for (const char* typed : {"w*", "w#*", "w#=!"}) {
+        for (int fontSize = kMinFontSize; fontSize <= kMaxFontSize; ++fontSize) {
+          SCOPED_TRACE(std::string(sheet.name) + " " + std::to_string(margins.top) + " " + typed + " " +
+                       std::to_string(fontSize));
+          PageLayoutInput input = Input(sheet, fontSize, 3, 400);
+          input.search.text = typed;
+          input.search.lists.include = std::string(60, 'x');
+          const std::vector<PlacedText> plain = LayOutPages(input);
+          input.margins = margins;
+          const std::vector<PlacedText> placed = LayOutPages(input);
+          const auto body = [](const PlacedText& text) { return text.font.name == "Body"; };
+          size_t from = 0;
+          for (const PlacedText& text : placed) {
+            const int bottom = text.y + text.font.size * 23;
+            ASSERT_GE(text.x, margins.left + 100);
+            ASSERT_LE(text.x + Measure(text.text, text.font), sheet.width - margins.right) << text.text;
+            ASSERT_GE(text.y, margins.top);
+            ASSERT_LE(bottom, sheet.height - margins.bottom) << text.text;
+            ASSERT_GE(text.font.size, std::min(5, fontSize)) << text.text;
+            if (!body(text)) {  // Header lines stand above the columns, but for a pixel of the last one's descent.
+              ASSERT_TRUE(text.y > sheet.height / 2 || bottom <= std::max(1080, margins.top + 279) + 20) << text.text;
+              continue;
+            }
+            from = static_cast<size_t>(std::find_if(plain.begin() + static_cast<ptrdiff_t>(from), plain.end(), body) -
+                                       plain.begin());
+            ASSERT_EQ(text.text + std::to_string(text.page), plain[from].text + std::to_string(plain[from].page));
+            ++from;
+          }
+        }
+      }
+    }
+  }
+  // What is reached stays, to the twip.
+  PageLayoutInput input = Input(kSheets[0], 12, 3, 300);
+  const std::vector<PlacedText> plain = LayOutPages(input);
+  input.margins = {0, 300, 0, 833};
+  const std::vector<PlacedText> placed = LayOutPages(input);
+  EXPECT_TRUE(std::ranges::equal(placed, plain, [](const PlacedText& a, const PlacedText& b) {
+    return a.x == b.x && a.y == b.y && a.font.size == b.font.size && a.text == b.text;
+  }));
 }
 
 TEST(PageLayout, TheLastWordStartsNoNewPage) {

@@ -110,7 +110,7 @@ class PrintingThroughCups(unittest.TestCase):
         for job, (count, per_page, size, slanted, settings) in enumerate((
                 (3, 132, "612 x 792", False, {"PrinterColumns": 3, "PaperSize": "Letter"}),
                 (5, 74, "842 x 595", True, {"PrinterColumns": 2, "FontSize": 10, "PaperSize": "A4", "Italic": "Yes",
-                                            "PrinterOrientation": "Landscape"})), 1):
+                                            "PrinterOrientation": "Landscape", "FontName": "DejaVu Sans"})), 1):
             said, log = self.print_list(**settings)
             pages = f"{count} page(s), with up to {per_page} words per page."
             self.assertEqual(said, [f"Quorvane Print: The print will contain {pages}", f"The print contained {pages}   "
@@ -128,6 +128,24 @@ class PrintingThroughCups(unittest.TestCase):
                 for page in ("1", "2"):
                     run("pdftoppm", "-png", "-r", "60", "-f", page, "-l", page, "-singlefile", pdf,
                         os.path.join(pictures_folder, f"printed_page_{page}"))
+
+    def test_printer_that_does_not_reach_the_edges(self):
+        """Everything stands within what it reaches, 18 points at the sides and 36 at the ends, however it is turned."""
+        run("lpadmin", "-p", "edges", "-E", "-v", "file:///dev/null", "-m", "drv:///sample.drv/deskjet.ppd")
+        for job, (orientation, across, down) in enumerate((("Portrait", 18, 36), ("Landscape", 36, 18)), 1):
+            said, _ = self.print_list(PrinterName="edges", PrinterOrientation=orientation, PrinterColumns=4)
+            self.assertIn("were printed", said[-1])
+            pages = run("pdftotext", "-bbox", self.folder / f"spool/d{job:05}-001", "-").split("<page ")[1:]
+            for page in pages:
+                width, height = (float(size) for size in re.findall(r'(?:width|height)="([\d.]+)"', page))
+                boxes = [[float(place) for place in box] for box in
+                         re.findall(r'xMin="(.*)" yMin="(.*)" xMax="(.*)" yMax="(.*)"', page)]
+                left, top = (min(box[side] for box in boxes) for side in (0, 1))
+                right, bottom = (max(box[side] for box in boxes) for side in (2, 3))
+                self.assertAlmostEqual(left, across + 5, delta=1)
+                self.assertAlmostEqual(top, down, delta=1)
+                self.assertLessEqual(right, width - across)
+                self.assertLessEqual(bottom, height - down)
 
     def test_cancelled_and_refused(self):
         """Nothing is printed; a refusal is told, and logged as an error."""

@@ -1,6 +1,14 @@
 // Printing, its setup, and looking words up, from the window.
 
-#include "print/window/printing.h"
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "print/window/printers.h"
 #include "tests/window/window_fixture.h"
 
 namespace quorvane::test {
@@ -97,12 +105,125 @@ TEST_F(PrintWindowTest, AFileThatCannotBeWrittenIsReported) {
   StartPrintable();
   door.savePath = FromText(dir.File("gone/out.pdf"));
   Click("cmdPrint");
+  const std::string reason = dir.File("gone/out.pdf") + ": No such file or directory";
   const std::string text = door.TakeText();
-  EXPECT_NE(text.find("FP/482: Printer error - check connections to your printer"), std::string::npos) << text;
-  EXPECT_NE(text.find(dir.File("gone/out.pdf")), std::string::npos) << text;
-  EXPECT_EQ(Status(), dir.File("gone/out.pdf") + ": No such file or directory");
-  EXPECT_EQ(CountLog("ERROR FP/482: "), 1);
+  EXPECT_NE(text.find(reason + "  FP/482: Printer error - check connections to your printer"), std::string::npos)
+      << text;
+  EXPECT_EQ(Status(), reason);
+  EXPECT_EQ(CountLog("ERROR <dir>/gone/out.pdf: No such file"), 1);
   EXPECT_EQ(CountLog("PRINT "), 0);
+}
+
+TEST_F(PrintWindowTest, ANameWithoutExtensionIsCompletedAndItsFileKeptWhenRefused) {
+  StartPrintable();
+  dir.Write("words.pdf", "mine");
+  door.savePath = FromText(dir.File("words"));
+  door.answers = {Answer::Ok, Answer::Cancel, Answer::Ok};  // The name is then asked for again, and replaced.
+  Click("cmdPrint");
+  ASSERT_EQ(door.questions.size(), 3U);
+  EXPECT_EQ(ToText(door.questions[1].text), dir.File("words.pdf") + " already exists.\nDo you want to replace it?");
+  EXPECT_TRUE(ReadFile(dir.File("words.pdf")).starts_with("%PDF"));
+  EXPECT_FALSE(std::filesystem::exists(dir.File("words")));
+}
+
+TEST_F(PrintWindowTest, ThePreviewTurnsItsPagesAndPrintsNothing) {
+  StartPrintable();
+  Store("Printer", "PrinterColumns", "1");
+  Store("Printer", "FontSize", "25");
+  Store("Printer", "PrinterOrientation", "Landscape");
+  Search("*");  // 18 words, 16 to a page.
+  door.answers = {Answer::Extra, Answer::Cancel};
+  door.scripts.push_back([](QDialog& dialog) {
+    const auto ink = [&dialog] {
+      const QImage picture =
+          In<QWidget>(dialog, "pagePicture")->grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+      int dark = 0;
+      for (int y = 0; y < picture.height(); ++y) {
+        dark += static_cast<int>(std::count_if(picture.constScanLine(y), picture.constScanLine(y) + picture.width(),
+                                               [](uchar grey) { return grey < 128; }));
+      }
+      return dark;
+    };
+    const int first = ink();
+    EXPECT_EQ(ToText(In<QLabel>(dialog, "lblPage")->text()), "Page 1 of 2");
+    EXPECT_FALSE(In(dialog, "cmdPrevious")->isEnabled());
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_PageDown);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return In<QLabel>(dialog, "lblPage")->text() == "Page 2 of 2"; }));
+    EXPECT_FALSE(In(dialog, "cmdNext")->isEnabled());
+    const int last = ink();
+    EXPECT_GT(last, 0);
+    EXPECT_LT(last, first);
+    ClickOn(In(dialog, "cmdZoomIn"));
+    EXPECT_GT(ink(), last);
+  });
+  Click("cmdPrint");
+  EXPECT_EQ(NewLog().back(), "PRINT Print request was cancelled");
+}
+
+// A printing system that takes connections and says nothing.
+class SilentScheduler {
+ public:
+  SilentScheduler() {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(address);
+    auto* any = reinterpret_cast<sockaddr*>(&address);
+    if (bind(socket_, any, size) == 0 && listen(socket_, 16) == 0 && getsockname(socket_, any, &size) == 0) {
+      qputenv("CUPS_SERVER", "127.0.0.1:" + QByteArray::number(ntohs(address.sin_port)));
+    }
+  }
+  ~SilentScheduler() {
+    close(socket_);
+    qunsetenv("CUPS_SERVER");
+  }
+  Q_DISABLE_COPY(SilentScheduler)
+
+  bool Asked() const {
+    pollfd ready{socket_, POLLIN, 0};
+    return poll(&ready, 1, 0) == 1;
+  }
+
+ private:
+  int socket_ = socket(AF_INET, SOCK_STREAM, 0);
+};
+
+TEST_F(PrintWindowTest, APrinterThatCannotBeAskedForStaysAndIsRefused) {
+  if (QStandardPaths::findExecutable("lpstat").isEmpty()) {
+    GTEST_SKIP() << "lpstat is not installed";
+  }
+  const SilentScheduler scheduler;
+  StartPrintable();
+  door.answers = {Answer::Extra, Answer::Cancel};
+  Click("cmdPrint");
+  EXPECT_EQ(door.TakeDialogs(), std::vector<std::string>{"printPreview"});
+  door.TakeText();
+  EXPECT_FALSE(scheduler.Asked());  // For the file nothing is.
+  Stop();
+  Store("Printer", "PrinterName", "Cellar");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(Setting("Printer", "PrinterName"), "Cellar");
+  EXPECT_EQ(CountLog("ERROR-PR The printing system does not answer; the printer stays 'Cellar'"), 1);
+  Search("*a*");
+  const auto refused = [this](const std::string& reason) {
+    Click("cmdPrint");
+    const std::string text = door.TakeText();
+    EXPECT_TRUE(text.starts_with(reason + "  FP/482: ")) << text;
+    EXPECT_EQ(Status(), reason);
+  };
+  refused("The printing system does not answer.");
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", "/nowhere");
+  refused("The command 'lp' is not there; to print on a printer, install the package 'cups-client'.");
+  qputenv("PATH", path);
+  door.scripts.push_back([](QDialog& dialog) {
+    EXPECT_EQ(In<QComboBox>(dialog, "cbPrinter")->count(), 1);
+    ClickOn(In(dialog, "cmdOK"));
+  });
+  Item("menFilePrinterSetup")->trigger();
+  EXPECT_EQ(door.TakeText(),
+            "The printing system does not answer.  Only \"PDF file\" can be chosen; the printer stays.");
+  EXPECT_EQ(Setting("Printer", "PrinterName"), "Cellar");
 }
 
 TEST_F(PrintWindowTest, TheSetupStoresEachChoiceAtOnce) {
