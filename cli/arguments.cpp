@@ -1,13 +1,30 @@
 #include "cli/arguments.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 #include "base/limits.h"
 #include "base/text.h"
 #include "lexicon/lexicon.h"
+#include "search/pattern.h"
 
 namespace quorvane::cli {
 namespace {
+
+struct ColourRow {
+  Colour colour;
+  std::string_view option;
+};
+
+constexpr std::array kColours = {ColourRow{Colour::Auto, "auto"}, ColourRow{Colour::Always, "always"},
+                                 ColourRow{Colour::Never, "never"}};
+
+std::optional<Colour> ColourOfOption(std::string_view option) {
+  const auto row =
+      std::find_if(kColours.begin(), kColours.end(), [&](const ColourRow& r) { return r.option == option; });
+  return row == kColours.end() ? std::nullopt : std::optional(row->colour);
+}
 
 std::optional<std::string> CheckList(ListKind kind, const char* option, const std::string& characters) {
   const ListFacts& facts = FactsOf(kind);
@@ -49,6 +66,22 @@ std::string SortOrderNames(const std::string& conjunction) {
   return NamesOf(SortOrders(), conjunction);
 }
 
+std::string ExportFormatNames(const std::string& conjunction) {
+  return NamesOf(ExportFormats(), conjunction);
+}
+
+std::string ColourNames(const std::string& conjunction) {
+  return NamesOf(kColours, conjunction);
+}
+
+std::optional<std::string> TooLongText(std::string_view pattern) {
+  if (pattern.size() <= kMaxPatternLength) {
+    return std::nullopt;
+  }
+  return "the pattern has " + FormatThousands(static_cast<int64_t>(pattern.size())) + " characters, more than the " +
+         FormatThousands(kMaxPatternLength) + " that can be searched";
+}
+
 std::optional<std::string> SearchArguments::Settle() {
   const auto named = WordTypeOfOption(typeName);
   if (!named) {
@@ -86,9 +119,38 @@ std::optional<std::string> FindArguments::Settle() {
     return "--sort: '" + sortName + "' is none of " + SortOrderNames("and");
   }
   order = *sorted;
+  if (auto problem = SettleOutput()) {
+    return problem;
+  }
   if (FromStandardInput() && (!saveFile.empty() || !saveLexicon.empty())) {
     return std::string(saveFile.empty() ? "--save-lexicon" : "--save") +
            " saves one search; it does not go with find -";
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> FindArguments::SettleOutput() {
+  const auto named = ExportFormatOfOption(formatName);
+  if (!named) {
+    return "--format: '" + formatName + "' is none of " + ExportFormatNames("and");
+  }
+  format = *named;
+  if (json && format != ExportFormat::Lines) {
+    return "--format " + formatName + " does not go with --json";
+  }
+  const auto chosen = ColourOfOption(colourName);
+  if (!chosen) {
+    return "--color: '" + colourName + "' is none of " + ColourNames("and");
+  }
+  colour = *chosen;
+  if (!limitText.empty()) {
+    size_t number = 0;
+    const char* const end = limitText.data() + limitText.size();
+    const auto [stopped, error] = std::from_chars(limitText.data(), end, number);
+    if (error != std::errc() || stopped != end) {
+      return "--limit: '" + limitText + "' is no whole number from 0";
+    }
+    limit = number;
   }
   return std::nullopt;
 }

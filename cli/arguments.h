@@ -1,12 +1,15 @@
 // The command line's options in the form that the commands use.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "results/export.h"
 #include "results/sort_order.h"
 #include "search/search.h"
 
@@ -26,6 +29,8 @@ struct SearchArguments {
   std::optional<std::string> Settle();
 };
 
+enum class Colour { Auto, Always, Never };
+
 struct FindArguments {
   SearchArguments asked;
   std::string lexicon;
@@ -38,15 +43,30 @@ struct FindArguments {
   std::optional<uint32_t> seed;
   std::string saveFile;
   std::string saveLexicon;
+  bool strict = false;
+  std::string formatName = "lines";
+  std::string limitText;
+  std::string colourName = "auto";
 
   SortOrder order = SortOrder::Alphabetic;
+  ExportFormat format = ExportFormat::Lines;
+  std::optional<size_t> limit;  // How many words are shown.
+  Colour colour = Colour::Auto;
   bool FromStandardInput() const { return asked.pattern == "-"; }
   std::optional<std::string> Settle();
+
+ private:
+  std::optional<std::string> SettleOutput();
 };
 
 // "word, palindrome, anagram and exact": the values that an option takes.
 std::string WordTypeNames(const std::string& conjunction);
 std::string SortOrderNames(const std::string& conjunction);
+std::string ExportFormatNames(const std::string& conjunction);
+std::string ColourNames(const std::string& conjunction);
+
+// What is said of a pattern that is too long to be searched; nothing of any other.
+std::optional<std::string> TooLongText(std::string_view pattern);
 
 // Arguments with "--include=" and its like split in two, so that an empty value stays the option's own.
 // `takesValue` says of an option's name whether the option has one.

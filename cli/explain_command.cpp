@@ -7,6 +7,10 @@
 namespace quorvane::cli {
 
 int Explain(const SearchArguments& arguments, bool paste) {
+  if (const auto tooLong = TooLongText(arguments.pattern)) {
+    Complain(*tooLong);
+    return kFailed;
+  }
   InputQuestion question;
   SelectWordType(question.controls, arguments.search.mode);
   InputAnswer answer;

@@ -1,16 +1,23 @@
 #include "cli/find_command.h"
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cmath>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <iostream>
 #include <random>
 
+#include "cli/fixed_letters.h"
 #include "cli/json.h"
 #include "cli/lexicon_commands.h"
 #include "cli/output.h"
+#include "results/export.h"
 #include "results/results_file.h"
 #include "results/search_run.h"
 #include "results/summary.h"
@@ -41,7 +48,10 @@ struct ReadPattern {
   std::optional<SearchRun> run;
 };
 
-ReadPattern Read(const std::string& typed, const Search& asked) {
+ReadPattern Read(const std::string& typed, const Search& asked, bool strict) {
+  if (auto tooLong = TooLongText(typed)) {
+    return {std::move(tooLong), std::nullopt};
+  }
   if (typed.empty()) {
     return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
   }
@@ -59,6 +69,9 @@ ReadPattern Read(const std::string& typed, const Search& asked) {
   if (answer.text.empty()) {
     return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
   }
+  if (strict && answer.text != typed) {
+    return {"--strict: only '" + answer.text + "' of the pattern can be searched", std::nullopt};
+  }
   Search search = asked;
   search.text = answer.text;
   search.noun = answer.controls.noun;
@@ -69,10 +82,35 @@ ReadPattern Read(const std::string& typed, const Search& asked) {
   return {std::nullopt, std::move(run)};
 }
 
+// Words are in bold for a terminal that shows it, unless its user wants no colours.
+bool WantsBold(Colour colour) {
+  if (colour != Colour::Auto) {
+    return colour == Colour::Always;
+  }
+  const char* refused = std::getenv("NO_COLOR");
+  const char* terminal = std::getenv("TERM");
+  return (refused == nullptr || *refused == '\0') && (terminal == nullptr || std::strcmp(terminal, "dumb") != 0) &&
+         isatty(STDOUT_FILENO) == 1;
+}
+
+// While it lives, a write to a pipe without a reader is an error instead of the end.
+class WithoutPipeSignal {
+ public:
+  WithoutPipeSignal() : before_(std::signal(SIGPIPE, SIG_IGN)) {}
+  ~WithoutPipeSignal() { std::signal(SIGPIPE, before_); }
+  WithoutPipeSignal(const WithoutPipeSignal&) = delete;
+  WithoutPipeSignal& operator=(const WithoutPipeSignal&) = delete;
+
+ private:
+  void (*before_)(int);
+};
+
 class FindRun {
  public:
   explicit FindRun(const FindArguments& arguments)
-      : arguments_(arguments), random_(arguments.seed ? *arguments.seed : std::random_device()()) {}
+      : arguments_(arguments),
+        bold_(WantsBold(arguments.colour)),
+        random_(arguments.seed ? *arguments.seed : std::random_device()()) {}
 
   int Run() {
     if (!Load()) {
@@ -83,7 +121,7 @@ class FindRun {
     }
     bool found = false;
     bool refused = false;
-    for (std::string line; std::getline(std::cin, line);) {
+    for (std::string line; !output_.Failed() && std::getline(std::cin, line);) {
       ++line_;
       if (line.ends_with('\r')) {
         line.pop_back();
@@ -102,9 +140,14 @@ class FindRun {
 
  private:
   bool Load() {
-    const std::string path = LexiconPath(arguments_.lexicon, arguments_.dataDir);
+    const auto found = LexiconPath(arguments_.lexicon, arguments_.dataDir);
+    if (!found) {
+      return false;
+    }
+    const std::string& path = *found;
+    const TextSource source = arguments_.FromStandardInput() ? TextSource::Read : TextSource::Map;
     const auto start = Clock::now();
-    const LoadResult loaded = LoadLexicon(path, kLexiconCapacity, TextSource::Map);
+    const LoadResult loaded = LoadLexicon(path, kLexiconCapacity, source);
     const double elapsed = MillisecondsSince(start);
     if (loaded.outcome != LoadOutcome::Ok) {
       Complain(DescribeLoad(path, loaded));
@@ -124,7 +167,7 @@ class FindRun {
   }
 
   int One(const std::string& typed) {
-    const auto [refusal, run] = Read(typed, arguments_.asked.search);
+    const auto [refusal, run] = Read(typed, arguments_.asked.search, arguments_.strict);
     if (refusal) {
       return Refuse(typed, *refusal);
     }
@@ -152,63 +195,87 @@ class FindRun {
     if (arguments_.time) {
       Note(TimeText(std::llround(elapsed)));
     }
-    Show(typed, run->Prepared(), summary, elapsed);
+    Show(typed, *run, summary, elapsed);
     return !saved ? kFailed : results_.FoundCount() > 0 ? kFound : kNothingFound;
   }
 
   int Refuse(const std::string& typed, const std::string& text) {
-    Complain(line_ == 0 ? text : "line " + std::to_string(line_) + ", '" + typed + "': " + text);
+    const std::string quoted = TooLongText(typed) ? "" : ", '" + typed + "'";
+    Complain(line_ == 0 ? text : "line " + std::to_string(line_) + quoted + ": " + text);
     if (arguments_.json) {
       output_.Write(JsonObject().Text("pattern", typed).Text("refused", text).Line());
     }
     return kFailed;
   }
 
-  void Show(const std::string& typed, const PreparedPattern& prepared, const std::string& summary, double elapsed) {
-    const WordSequence words = results_.WordsIn(arguments_.order);
+  void Show(const std::string& typed, const SearchRun& run, const std::string& summary, double elapsed) {
+    WordSequence words = results_.WordsIn(arguments_.order);
+    words.numbers =
+        words.numbers.first(std::min(words.numbers.size(), arguments_.limit.value_or(words.numbers.size())));
     if (arguments_.json) {
-      JsonObject object;
-      object.Text("pattern", typed)
-          .Text("prepared", prepared.text)
-          .Number("kind", static_cast<int>(prepared.kind))
-          .Number("count", static_cast<int64_t>(words.numbers.size()))
-          .Text("status", summary)
-          .Milliseconds("ms", elapsed);
-      if (!arguments_.count) {
-        object.BeginTexts("words");
-        for (size_t i = 0; i < words.numbers.size(); ++i) {
-          object.Item(words.Word(i));
-        }
-        object.EndTexts();
-      }
-      output_.Write(object.Line());
+      ShowJson(typed, run.Prepared(), summary, elapsed, words);
     } else if (arguments_.count) {
-      output_.Write(std::to_string(words.numbers.size()) + "\n");
+      output_.Write(std::to_string(results_.FoundCount()) + "\n");
+    } else if (arguments_.limit == size_t{0}) {
+      return;
+    } else if (bold_ && arguments_.format == ExportFormat::Lines) {
+      WriteInBold(output_.Writer(), words, FixedLetters(run.Prepared(), run.MatchedLists()));
     } else {
-      WriteWords(output_.Writer(), words, "\n");
+      WriteExport(output_.Writer(), words, arguments_.format, {.heading = !headed_, .stored = true});
+      headed_ = true;
     }
   }
 
-  bool Save(const Search& search) {
-    std::optional<FileError> error;
-    if (!arguments_.saveFile.empty()) {
-      error = WriteResultsFile(arguments_.saveFile, search, results_, arguments_.order);
-    }
-    if (!error && !arguments_.saveLexicon.empty()) {
-      if (results_.FoundCount() == 0) {
-        Complain("no word was found; " + arguments_.saveLexicon + " was not written");
-        return false;
+  void ShowJson(const std::string& typed, const PreparedPattern& prepared, const std::string& summary, double elapsed,
+                const WordSequence& words) {
+    JsonObject object;
+    object.Text("pattern", typed)
+        .Text("prepared", prepared.text)
+        .Number("kind", static_cast<int>(prepared.kind))
+        .Number("count", static_cast<int64_t>(results_.FoundCount()))
+        .Text("status", summary)
+        .Milliseconds("ms", elapsed);
+    if (!arguments_.count) {
+      object.BeginTexts("words");
+      for (size_t i = 0; i < words.numbers.size(); ++i) {
+        object.Item(words.Word(i));
       }
-      error = WriteResultsAsLexicon(arguments_.saveLexicon, results_, arguments_.order);
+      object.EndTexts();
     }
-    if (error) {
-      Complain("can't write " + error->Text());
+    output_.Write(object.Line());
+  }
+
+  // Writes the files that are asked for; says of each that can't be written why.
+  bool Save(const Search& search) {
+    if (arguments_.saveFile.empty() && arguments_.saveLexicon.empty()) {
+      return true;
     }
-    return !error;
+    const WithoutPipeSignal ignored;
+    output_.Flush();
+    std::vector<std::optional<FileError>> errors;
+    bool saved = true;
+    if (!arguments_.saveFile.empty()) {
+      errors.push_back(WriteResultsFile(arguments_.saveFile, search, results_, arguments_.order));
+    }
+    if (!arguments_.saveLexicon.empty() && results_.FoundCount() == 0) {
+      Complain("no word was found; " + arguments_.saveLexicon + " was not written");
+      saved = false;
+    } else if (!arguments_.saveLexicon.empty()) {
+      errors.push_back(WriteResultsAsLexicon(arguments_.saveLexicon, results_, arguments_.order));
+    }
+    for (const auto& error : errors) {
+      if (error) {
+        Complain("can't write " + error->Text());
+        saved = false;
+      }
+    }
+    return saved;
   }
 
   const FindArguments& arguments_;
-  int64_t line_ = 0;  // Of standard input; 0: the pattern is an argument.
+  const bool bold_;
+  bool headed_ = false;  // The format's heading is written.
+  int64_t line_ = 0;     // Of standard input; 0: the pattern is an argument.
   SeededRandom random_;
   Output output_;
   std::shared_ptr<const Lexicon> lexicon_;

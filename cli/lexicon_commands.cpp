@@ -9,6 +9,7 @@
 #include "cli/json.h"
 #include "cli/output.h"
 #include "lexicon/lexicon_maker.h"
+#include "lexicon/lexicon_name.h"
 #include "lexicon/load_report.h"
 #include "results/statistics.h"
 
@@ -42,22 +43,31 @@ void WriteTable(Output& output, const char* title, const Rows& rows) {
   }
 }
 
-// All bytes of a file; an errno value on failure.
+// All bytes that are left of a file; an errno value on failure.
+int ReadRest(std::FILE* file, std::string& bytes) {
+  std::string piece(size_t{1} << 20, '\0');
+  size_t read = 0;
+  while ((read = std::fread(piece.data(), 1, piece.size(), file)) > 0) {
+    bytes.append(piece, 0, read);
+  }
+  return std::ferror(file) != 0 ? errno : 0;
+}
+
 int ReadAll(const std::string& path, std::string& bytes) {
   std::error_code code;
   if (std::filesystem::is_directory(path, code)) {
     return EISDIR;
   }
   const FileHandle file(std::fopen(path.c_str(), "rb"));
-  if (file == nullptr) {
-    return errno;
+  return file == nullptr ? errno : ReadRest(file.get(), bytes);
+}
+
+std::string LexiconsThere(const std::string& directory) {
+  std::string names;
+  for (const std::string& name : LexiconFilesIn(directory)) {
+    names += (names.empty() ? "" : ", ") + name;
   }
-  std::string piece(size_t{1} << 20, '\0');
-  size_t read = 0;
-  while ((read = std::fread(piece.data(), 1, piece.size(), file.get())) > 0) {
-    bytes.append(piece, 0, read);
-  }
-  return std::ferror(file.get()) != 0 ? errno : 0;
+  return "lexicons of the program's directory: " + (names.empty() ? "none" : names);
 }
 
 }  // namespace
@@ -74,18 +84,34 @@ std::string DescribeLoad(const std::string& path, const LoadResult& loaded) {
   return text;
 }
 
-std::string LexiconPath(const std::string& lexicon, const std::string& dataDir) {
-  if (!lexicon.empty()) {
+std::optional<std::string> LexiconPath(const std::string& lexicon, const std::string& dataDir) {
+  std::error_code ignored;
+  if (lexicon.find('/') != std::string::npos || (!lexicon.empty() && std::filesystem::exists(lexicon, ignored))) {
     return lexicon;
   }
   const ProgramDirectory directory = SettleProgramDirectory(ProgramDirectoryInputOfProcess(dataDir));
   if (directory.problem) {
     Complain(directory.problem->Text());
   }
-  return JoinPath(directory.path, kDefaultLexiconName);
+  if (lexicon.empty()) {
+    return JoinPath(directory.path, kDefaultLexiconName);
+  }
+  for (const std::string& name : {lexicon + std::string(kLexiconExtension), lexicon}) {
+    if (std::string path = JoinPath(directory.path, name); FileExists(path)) {
+      return path;
+    }
+  }
+  Complain("can't read " + lexicon + ": " + std::strerror(ENOENT));
+  Note(LexiconsThere(directory.path));
+  return std::nullopt;
 }
 
-int ShowStatistics(const std::string& path) {
+int ShowStatistics(const std::string& lexicon, const std::string& dataDir) {
+  const auto found = LexiconPath(lexicon, dataDir);
+  if (!found) {
+    return kFailed;
+  }
+  const std::string& path = *found;
   Output output;
   const LoadResult loaded = LoadLexicon(path);
   if (loaded.outcome != LoadOutcome::Ok) {
@@ -125,9 +151,10 @@ int CheckLexicon(const std::string& path, bool json) {
 int MakeLexicon(const std::vector<std::string>& inputs, const std::string& outputPath) {
   LexiconMaker maker;
   for (const std::string& input : inputs) {
+    const bool standard = input == "-";
     std::string bytes;
-    if (const int error = ReadAll(input, bytes); error != 0) {
-      Complain("can't read " + input + ": " + std::strerror(error));
+    if (const int error = standard ? ReadRest(stdin, bytes) : ReadAll(input, bytes); error != 0) {
+      Complain("can't read " + (standard ? "standard input" : input) + ": " + std::strerror(error));
       return kFailed;
     }
     maker.AddList(bytes);

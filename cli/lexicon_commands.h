@@ -1,6 +1,7 @@
 // The commands about lexicons.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,12 +12,14 @@ namespace quorvane::cli {
 // What went wrong with a load, and where, in one line.
 std::string DescribeLoad(const std::string& path, const LoadResult& loaded);
 
-// The lexicon that a command works on: `lexicon`, or else the default one of the program's directory.
-std::string LexiconPath(const std::string& lexicon, const std::string& dataDir);
+// The lexicon that a command works on: the file `lexicon`; for a name without "/" that is no file here NAME.lex or NAME
+// of the program's directory; for nothing the default one there. Nothing, with a message, when there is no such file.
+std::optional<std::string> LexiconPath(const std::string& lexicon, const std::string& dataDir);
 
 // Each returns the exit status.
-int ShowStatistics(const std::string& path);
+int ShowStatistics(const std::string& lexicon, const std::string& dataDir);
 int CheckLexicon(const std::string& path, bool json);
+// An input "-" is standard input.
 int MakeLexicon(const std::vector<std::string>& inputs, const std::string& outputPath);
 
 }  // namespace quorvane::cli

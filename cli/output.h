@@ -23,6 +23,8 @@ class Output {
   FileWriter& Writer() { return *writer_; }
   // Hands on what is held, for a reader that waits for it.
   void Flush();
+  // Whether something could not be written; nothing more will be.
+  bool Failed() const { return error_ != 0; }
   // Writes what is held. The status to end with: `status`, or kFailed with a message when the output failed.
   int Finish(int status);
 

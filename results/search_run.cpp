@@ -2,12 +2,17 @@
 
 namespace quorvane {
 
+CharacterLists SearchRun::MatchedLists() const {
+  CharacterLists lists = search_.lists;
+  lists.scrabble = UsableTiles(lists.scrabble);
+  return lists;
+}
+
 ScanOutcome SearchRun::List(std::shared_ptr<const Lexicon> lexicon, RandomSource& random, const ListSettings& settings,
                             ResultList& results, ScanObserver* observer) const {
   ScanRequest request;
   request.prepared = prepared_;
-  request.lists = search_.lists;
-  request.lists.scrabble = UsableTiles(search_.lists.scrabble);
+  request.lists = MatchedLists();
   if (!search_.lengths.any) {
     request.minLength = search_.lengths.min;
     request.maxLength = search_.lengths.max;

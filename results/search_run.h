@@ -24,6 +24,8 @@ class SearchRun {
 
   const Search& Asked() const { return search_; }
   const PreparedPattern& Prepared() const { return prepared_; }
+  // The lists as words are matched against them.
+  CharacterLists MatchedLists() const;
 
   // Scans the lexicon and lists what was found, in the order found. Only of a pattern that is neither empty nor
   // refused. What went wrong on the way is in the outcome; the list then holds what was found before.

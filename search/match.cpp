@@ -160,6 +160,7 @@ bool WordTest::AcceptsMiddle(std::string_view word, size_t firstStart, size_t la
       matcher_.MatchChar(middle[i], word[start + i]);
     }
     if (matcher_.MatchFlag()) {
+      middleStart_ = start;
       return true;
     }
   }

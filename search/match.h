@@ -56,6 +56,8 @@ class WordTest {
 
   // `word` in lower case.
   bool Accepts(std::string_view word);
+  // Where in the word accepted last the pattern's middle stands, for the kinds that have one: at the leftmost place.
+  size_t MiddleStart() const { return middleStart_; }
 
  private:
   bool AcceptsEnds(std::string_view word);
@@ -65,6 +67,7 @@ class WordTest {
   const PreparedPattern prepared_;
   Matcher matcher_;
   const std::string sortedLetters_;  // Of an anagram.
+  size_t middleStart_ = 0;
 };
 
 }  // namespace quorvane

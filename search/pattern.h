@@ -1,6 +1,7 @@
 // The preparation of a typed text for a search.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,9 @@
 #include "search/word_type.h"
 
 namespace quorvane {
+
+// The longest text that is searched, in characters.
+inline constexpr size_t kMaxPatternLength = 32767;
 
 // `PatternKind`, as the numbers that the program shows.
 enum class PatternKind : int {

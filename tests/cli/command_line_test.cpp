@@ -1,90 +1,14 @@
 // The command line as a script uses it: the real program, run by a shell.
 
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
-
 #include <algorithm>
 #include <filesystem>
-#include <vector>
 
-#include "tests/support/temporary_directory.h"
+#include "tests/cli/command_line.h"
 
 namespace quorvane::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Result {
-  int status = -1;  // Of the shell; 128 and more: ended by a signal.
-  std::string out, err;
-};
-
-constexpr const char* kWords =
-    "Abba\r\nat\r\nate\r\ncan't\r\ncaf\xE9\r\ncat\r\ncut\r\neat\r\nlevel\r\nlisten\r\nsilent\r\ntea\r\ntee\r\nzoo\r\n";
-
-// A directory of its own with a lexicon, which is the program's directory, too. Commands run in it; "q" is the program.
-class CommandLine : public testing::Test {
- protected:
-  CommandLine() {
-    directory_.Write("words.lex", kWords);
-    fs::create_directory(directory_.File("home"));
-  }
-
-  Result Run(const std::string& command, const std::string& program = QUORVANE_CLI) const {
-    const std::string script = "q() { '" + program + "' \"$@\"; }\ncd '" + directory_.path() + "'\n" + command;
-    const std::vector<std::string> variables = {"PATH=/usr/local/bin:/usr/bin:/bin", "LC_ALL=C",
-                                                "HOME=" + directory_.File("home"), "QUORVANE_DIR=" + directory_.path()};
-    const char* arguments[] = {"sh", "-c", script.c_str(), nullptr};
-    std::vector<char*> environment;
-    for (const std::string& variable : variables) {
-      environment.push_back(const_cast<char*>(variable.c_str()));
-    }
-    environment.push_back(nullptr);
-    const TemporaryDirectory streams;
-    const std::string out = streams.File("out");
-    const std::string err = streams.File("err");
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT, 0600);
-    posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT, 0600);
-    pid_t child = 0;
-    const int failed =
-        posix_spawn(&child, "/bin/sh", &actions, nullptr, const_cast<char**>(arguments), environment.data());
-    posix_spawn_file_actions_destroy(&actions);
-    EXPECT_EQ(failed, 0);
-    int status = 0;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), ReadFile(out), ReadFile(err)};
-  }
-
-  // What standard error holds is compared as a whole, or in part where the row begins with "...".
-  struct Row {
-    const char* command;
-    int status;
-    const char *out, *err;
-  };
-
-  template <size_t N>
-  void Try(const Row (&rows)[N]) const {
-    for (const Row& row : rows) {
-      SCOPED_TRACE(row.command);
-      const Result result = Run(row.command);
-      EXPECT_EQ(result.status, row.status);
-      EXPECT_EQ(result.out, row.out);
-      const std::string_view err = row.err;
-      if (err.starts_with("...")) {
-        EXPECT_NE(result.err.find(err.substr(3)), std::string::npos) << result.err;
-      } else {
-        EXPECT_EQ(result.err, err);
-      }
-    }
-  }
-
-  TemporaryDirectory directory_;
-};
 
 // JSON as the rows below hold it: without its times, and with ` for ".
 std::string Plain(std::string json) {
@@ -161,24 +85,19 @@ TEST_F(CommandLine, Refuses) {
       {"q find a --include abca", 2, "", "...--include: 'a' stands more than once"},
       {"q find a --rack 'a b'", 2, "", "...--rack: ' ' in 'a b' is not allowed"},
       {"q find a --seed x", 2, "", "...--seed"},
+      {"q find 'c&t' --strict", 2, "", "quorvane-cli: --strict: only 'ct' of the pattern can be searched\n"},
+      {"for c in find explain; do q $c $(yes a | head -32768 | tr -d '\\n'); done", 2, "",
+       "quorvane-cli: the pattern has 32,768 characters, more than the 32,767 that can be searched\n"
+       "quorvane-cli: the pattern has 32,768 characters, more than the 32,767 that can be searched\n"},
+      {"q find $(yes a | head -32767 | tr -d '\\n')", 1, "", "0 words found\n"},
       {"q find", 2, "", "...PATTERN"},
       {"q find a --nonsense", 2, "", "...--nonsense"},
       {"q", 2, "", "...required"},
-      {"q find a --lexicon none.lex", 2, "", "...none.lex: There appears to be a problem with the Lexicon file"},
+      {"q find a --lexicon ./none.lex", 2, "", "..../none.lex: There appears to be a problem with the Lexicon file"},
       {"q find a --lexicon .", 2, "", "...(error 75, Path/File access error)"},
       {": >empty.lex; q find a --lexicon empty.lex", 2, "", "...Word #0 '' (error 62, Input past end of file)"},
   };
   Try(rows);
-}
-
-TEST_F(CommandLine, HelpAndVersion) {
-  EXPECT_EQ(Run("q --version").out, "quorvane-cli 1.0\n");
-  for (const char* command : {"q --help", "q find --help", "q lexicon make -h", "q explain --help", "q stats --help"}) {
-    const Result result = Run(command);
-    EXPECT_EQ(result.status, 0) << command;
-    EXPECT_NE(result.out.find("--help"), std::string::npos) << command;
-    EXPECT_EQ(result.err, "") << command;
-  }
 }
 
 TEST_F(CommandLine, FindsEachLineOfStandardInput) {
@@ -186,6 +105,11 @@ TEST_F(CommandLine, FindsEachLineOfStandardInput) {
       {"printf 'c?t\\r\\nx*\\nz*' | q find -", 0, "cat\ncut\nzoo\n", "2 words found\n0 words found\n1 word found\n"},
       {"printf 'at\\n;\\nz*\\n' | q find -", 2, "at\nzoo\n",
        "1 word found\nquorvane-cli: line 2, ';': ';' allows selection of letter(s) in a word\n1 word found\n"},
+      {"(yes a | head -32768 | tr -d '\\n'; printf '\\nat\\n') | q find -", 2, "at\n",
+       "quorvane-cli: line 1: the pattern has 32,768 characters, more than the 32,767 that can be searched\n"
+       "1 word found\n"},
+      {"printf 'a&t\\nat\\n' | q find - --strict", 2, "at\n",
+       "quorvane-cli: line 1, 'a&t': --strict: only 'at' of the pattern can be searched\n1 word found\n"},
       {"printf 'at\\n\\n' | q find -", 2, "at\n",
        "1 word found\nquorvane-cli: line 2, '': Please enter a word selection.\n"},
       {"printf '' | q find -", 1, "", ""},
@@ -196,18 +120,6 @@ TEST_F(CommandLine, FindsEachLineOfStandardInput) {
       {"printf 'at\\n' | q find - --save out.txt; s=$?; ls out.txt; exit $s", 2, "", "...find -"},
   };
   Try(rows);
-}
-
-TEST_F(CommandLine, ALexiconThatVanishesMeanwhileIsAnError) {
-  // Two pipes in step: the file is emptied between two patterns.
-  const Result result =
-      Run("mkfifo in out; q find - <in >out & exec 3>in 4<out; echo at >&3; read word <&4; echo $word; : >words.lex; "
-          "echo at >&3; exec 3>&-; cat <&4; wait $!");
-  EXPECT_EQ(result.out.substr(0, 3), "at\n");
-  if (result.status != 0) {  // A program that keeps the words itself goes on.
-    EXPECT_EQ(result.status, 2);
-    EXPECT_NE(result.err.find("quorvane-cli: the lexicon file was shortened"), std::string::npos) << result.err;
-  }
 }
 
 TEST_F(CommandLine, Json) {
@@ -262,63 +174,6 @@ TEST_F(CommandLine, RandomWordsFollowTheSeed) {
                   .out,
               "")
         << "words of the lexicon only";
-  }
-}
-
-TEST_F(CommandLine, Saves) {
-  const struct {
-    const char *command, *file, *bytes;
-    int status = 0;
-  } cases[] = {
-      {"q find 'a*' --sort long --upper --save home/out.txt", "home/out.txt",
-       "3 words found matching the word pattern \"a*\"\r\n\r\n--- START OF LIST ---\r\nABBA\r\nATE\r\nAT\r\n"
-       "--- END OF LIST ---\r\n"},
-      {"q find '%1Ss>' --save out.txt", "out.txt", "0 sequenced words found (1 or more of 'Ss')\r\n", 1},
-      {"q find 'c*' --save-lexicon new.lex && q lexicon check new.lex", "new.lex",
-       "can't\r\ncaf\xE9\r\ncat\r\ncut\r\n"},
-  };
-  for (const auto& [command, file, bytes, status] : cases) {
-    SCOPED_TRACE(command);
-    EXPECT_EQ(Run(command).status, status);
-    EXPECT_EQ(ReadFile(directory_.File(file)), bytes);
-  }
-  const Row failures[] = {
-      {"q find at --save none/out.txt", 2, "at\n",
-       "1 word found\nquorvane-cli: can't write none/out.txt: No such file or directory\n"},
-      {"q find at --save home", 2, "at\n", "1 word found\nquorvane-cli: can't write home: Is a directory\n"},
-      {"q find at --save /dev/full", 2, "at\n",
-       "1 word found\nquorvane-cli: can't write /dev/full: No space left on device\n"},
-      {"q find 'x*' --save-lexicon words.lex", 2, "",
-       "0 words found\nquorvane-cli: no word was found; words.lex was not written\n"},
-      {"q find '~2' --save-lexicon words.lex", 2, "", "...random words can't be saved as a lexicon"},
-      {"q find at --save= --count", 2, "", "...--save: needs a value"},
-      {"q find ';' --save out2.txt; ls out2.txt", 2, "", "...No such file"},
-  };
-  Try(failures);
-  EXPECT_EQ(ReadFile(directory_.File("words.lex")), kWords);
-}
-
-TEST_F(CommandLine, OutputThatFails) {
-  ASSERT_EQ(Run("yes abcdefghijklmnop | head -40000 | awk '{print $0 NR}' >big.lex").status, 0);
-  for (const char* command : {"find '*'", "find '*' --count", "find '*' --json", "find '*' --lexicon big.lex", "stats",
-                              "explain a", "lexicon check words.lex", "lexicon check words.lex --json"}) {
-    SCOPED_TRACE(command);
-    const Result full = Run("q " + std::string(command) + " >/dev/full");
-    EXPECT_EQ(full.status, 2);
-    EXPECT_NE(full.err.find("standard output: No space left on device"), std::string::npos) << full.err;
-    EXPECT_EQ(Run("q " + std::string(command) + " >&-").status, 2);
-  }
-  // A reader that has gone, for a program that is told by a signal and for one that is told by an error.
-  for (const char* trap : {"", "trap '' PIPE; "}) {
-    const Result closed = Run(trap + std::string("q find '*' --lexicon big.lex | head -1"));
-    EXPECT_EQ(closed.out, "abcdefghijklmnop1\n");
-    EXPECT_EQ(closed.err.find("quorvane-cli"), std::string::npos) << closed.err;
-  }
-}
-
-TEST_F(CommandLine, HelpThatCanNotBeWrittenIsAnError) {
-  for (const char* command : {"q --version >/dev/full", "q find --help >/dev/full"}) {
-    EXPECT_EQ(Run(command).status, 2) << command;
   }
 }
 
@@ -406,6 +261,9 @@ TEST_F(CommandLine, MakesLexicons) {
       "1 left out, repeated ('zoo')\n";
   const Row rows[] = {
       {"q lexicon make one.txt two.txt -o old.lex && cat old.lex", 0, "cafe\r\nete\r\nzoo\r\n", report.c_str()},
+      {"printf 'b\\na\\n' | q lexicon make - two.txt -o new.lex 2>err && cat new.lex", 0, "a\r\nb\r\ncafe\r\nzoo\r\n",
+       ""},
+      {"q lexicon make - -o old.lex <home", 2, "", "quorvane-cli: can't read standard input: Is a directory\n"},
       {"q lexicon make none.txt -o old.lex", 2, "", "quorvane-cli: can't read none.txt: No such file or directory\n"},
       {"q lexicon make . -o old.lex", 2, "", "quorvane-cli: can't read .: Is a directory\n"},
       {"q lexicon make one.txt -o /dev/full", 2, "", "...can't write /dev/full: No space left on device\n"},
@@ -416,6 +274,25 @@ TEST_F(CommandLine, MakesLexicons) {
   };
   Try(rows);
   EXPECT_EQ(ReadFile(directory_.File("old.lex")), "cafe\r\nete\r\nzoo\r\n") << "a failure leaves what was there";
+}
+
+TEST_F(CommandLine, LexiconsByName) {
+  for (const char* file : {"data/gb.lex", "data/gb", "data/fr", "gb.lex/here", "here"}) {
+    fs::create_directories(fs::path(directory_.File(file)).parent_path());
+    directory_.Write(file,
+                     std::string(file) == "data/gb.lex" ? "first\r\n" : fs::path(file).filename().string() + "\r\n");
+  }
+  const Row rows[] = {
+      {"q find '*' --lexicon gb --data-dir data", 0, "first\n", "1 word found\n"},
+      {"q find '*' --lexicon fr --data-dir data", 0, "fr\n", "1 word found\n"},
+      {"q find '*' --lexicon here --data-dir gb.lex", 0, "here\n", "1 word found\n"},
+      {"cd data; q stats --lexicon words | head -1 | sed 's: in .*/: in :'", 0, "14 words in words.lex\n", ""},
+      {"q find '*' --lexicon it --data-dir data", 2, "",
+       "quorvane-cli: can't read it: No such file or directory\nlexicons of the program's directory: gb.lex\n"},
+      {"q stats --lexicon it --data-dir home", 2, "",
+       "quorvane-cli: can't read it: No such file or directory\nlexicons of the program's directory: none\n"},
+  };
+  Try(rows);
 }
 
 TEST_F(CommandLine, TheProgramsDirectory) {
