@@ -163,6 +163,9 @@ const std::array kWorkbench = {
     WorkbenchItem(
         Command::CopyAll, "menCopyAll", "&Copy all words", "Ctrl+Shift+C",
         [](const Controllers& c, int) { c.workbench.CopyAll(); }, HasFound),
+    WorkbenchItem(
+        Command::Export, "menExport", "&Export ...", "Shift+F8",
+        [](const Controllers& c, int) { c.workbench.Export(); }, HasFound),
     WorkbenchItem(Command::ShowWildcardsBeside, "menWildcardsBeside", "Wildcards &beside the work", "",
                   [](const Controllers& c, int) { c.workbench.ShowWildcardsBeside(); }),
     WorkbenchItem(Command::GoToList, "menGoToList", "Go to the &list", "Ctrl+Down",

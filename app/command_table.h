@@ -64,6 +64,7 @@ enum class Command {
   GoToList,
   GoToPattern,
   CopyAll,
+  Export,
   ShowWildcardsBeside,
 };
 

@@ -125,6 +125,10 @@ std::vector<ProtectedFile> FileController::ProtectedFiles() const {
           {OwnOrInstalled(services_.programDirectory, ExecutableDirectory(), kHelpFileName), "the help"}};
 }
 
+std::optional<std::string> FileController::WhyNotWriteTo(const std::string& path) const {
+  return WhyNotASaveFile(path, ProtectedFiles());
+}
+
 void FileController::ChangeSaveName() {
   FrmAmend dialog(services_, ProtectedFiles(), view_.Window());
   services_.door.Run(dialog);
@@ -134,7 +138,7 @@ bool FileController::WriteResults(bool automatic) {
   const std::string path = SaveFilePath(services_.settings, services_.programDirectory);
   SaveSetting(services_.settings, Setting::SaveFileName, path);
   const std::string target = ResolvePath(services_.programDirectory, path);
-  if (const auto reason = WhyNotASaveFile(target, ProtectedFiles())) {
+  if (const auto reason = WhyNotWriteTo(target)) {
     ReportSaveFailure("The word list could not be saved: " + *reason, automatic);
     return false;
   }

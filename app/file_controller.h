@@ -42,6 +42,8 @@ class FileController {
   void SaveList();
   // Without being asked: true when the list was written.
   bool AutoSave() { return WriteResults(true); }
+  // Why no words may be written there; nothing when they may.
+  std::optional<std::string> WhyNotWriteTo(const std::string& path) const;
   void SaveAsLexicon();
   void Print();
   void SetUpPrinter();

@@ -55,7 +55,7 @@ MainWindow::MainWindow(Services& services)
       files_(*this, session_, services),
       searching_(*this, session_, services, [this] { return files_.AutoSave(); }),
       options_(*this, session_, services),
-      workbench_(*this, session_, services, searching_) {
+      workbench_(*this, session_, services, searching_, files_) {
   setObjectName("Quorvane");
   // The stored colours are made for a light window; what lies outside it follows the desktop.
   setPalette(LightPalette());
@@ -186,6 +186,8 @@ void MainWindow::WireSearch() {
 
 void MainWindow::WireResults() {
   connect(results_, &ResultsPanel::EntrySelected, this, [this] { UpdateCommands(); });
+  connect(results_, &ResultsPanel::MenuRequested, this,
+          [this](const QPoint& place) { workbench_.ShowWordMenu(place); });
   connect(results_, &ResultsPanel::EntryDoubleClicked, this,
           [this] { Do("Copy", [this] { searching_.CopyEntry(); }); });
   connect(resultOptions_, &ResultOptionsPanel::AutoSaveChosen, this,

@@ -101,6 +101,7 @@ class MainWindow : public QMainWindow,
   // WorkbenchView
   WordSequence ShownWords() const override;
   void FocusList() override;
+  void CopySelection() override;
   void TypeText(const std::string& text) override;
   void TypeCharacter(char character) override;
 

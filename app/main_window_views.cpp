@@ -186,6 +186,10 @@ void MainWindow::FocusList() {
   results_->FocusList();
 }
 
+void MainWindow::CopySelection() {
+  results_->CopySelection();
+}
+
 void MainWindow::TypeText(const std::string& text) {
   pattern_->TypeOver(text);
 }

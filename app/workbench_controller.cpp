@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QMenu>
 #include <algorithm>
 
+#include "app/file_controller.h"
 #include "app/search_controller.h"
 #include "base/text.h"
 #include "base/window/qt_text.h"
+#include "results/window/frm_export.h"
 #include "search/window/frm_wildcards.h"
 
 namespace quorvane {
@@ -17,8 +20,8 @@ constexpr size_t kMegabytesFrom = 1'000'000;  // From so many words on the statu
 }  // namespace
 
 WorkbenchController::WorkbenchController(WorkbenchView& view, Session& session, Services& services,
-                                         SearchController& search)
-    : view_(view), session_(session), services_(services), search_(search) {}
+                                         SearchController& search, FileController& files)
+    : view_(view), session_(session), services_(services), search_(search), files_(files) {}
 
 void WorkbenchController::CopyAll() {
   const WordSequence words = view_.ShownWords();
@@ -39,6 +42,39 @@ void WorkbenchController::CopyAll() {
     said += " (" + std::to_string(text.size() / 1'000'000) + " megabytes)";
   }
   view_.ShowStatus(said);
+}
+
+void WorkbenchController::Export() {
+  FrmExport dialog(
+      services_.settings, services_.door, view_.ShownWords(), services_.programDirectory,
+      [this](const std::string& path) { return files_.WhyNotWriteTo(path); }, view_.Window());
+  services_.door.Run(dialog);
+  if (!dialog.Written().empty()) {
+    view_.ShowStatus("The words have been exported to " + dialog.Written());
+  }
+}
+
+void WorkbenchController::ShowWordMenu(const QPoint& place) {
+  const auto word = view_.SelectedWord();
+  if (!word) {
+    return;
+  }
+  const bool letters = !word->empty() && std::all_of(word->begin(), word->end(), IsLetter);
+  QMenu menu(view_.Window());
+  menu.setObjectName("wordMenu");
+  const auto add = [&](const QString& name, const QString& caption, bool enabled, const std::function<void()>& run) {
+    QAction* action = menu.addAction(caption);
+    action->setObjectName(name);
+    action->setEnabled(enabled);
+    QObject::connect(action, &QAction::triggered, view_.Window(), run);
+  };
+  add("wordCopy", "&Copy", true, [this] { view_.CopySelection(); });
+  add("wordCopyAll", "Copy &all words", true, [this] { CopyAll(); });
+  add("wordDefinition", "&Definition (F5)", true, [this] { files_.LookUp(); });
+  menu.addSeparator();
+  add("wordAnagrams", "Find its a&nagrams (exact length)", letters, [this] { FindAnagrams(); });
+  add("wordHolding", "Find words that &hold it", letters, [this] { FindHolding(); });
+  menu.exec(place);
 }
 
 void WorkbenchController::FindAnagrams() {

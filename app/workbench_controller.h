@@ -15,6 +15,7 @@ class QPoint;
 
 namespace quorvane {
 
+class FileController;
 class SearchController;
 
 // What these commands need of the window.
@@ -27,6 +28,8 @@ class WorkbenchView : public virtual View {
   virtual WordSequence ShownWords() const = 0;
   virtual void FocusPattern() = 0;
   virtual void FocusList() = 0;
+  // Copies the words that are selected.
+  virtual void CopySelection() = 0;
   // As if it were typed over what the box holds: the box's undo brings that back.
   virtual void TypeText(const std::string& text) = 0;
   virtual void TypeCharacter(char character) = 0;
@@ -34,12 +37,16 @@ class WorkbenchView : public virtual View {
 
 class WorkbenchController {
  public:
-  // All outlive the controller. `saveFiles` says which files are never written over.
-  WorkbenchController(WorkbenchView& view, Session& session, Services& services, SearchController& search);
+  // All outlive the controller.
+  WorkbenchController(WorkbenchView& view, Session& session, Services& services, SearchController& search,
+                      FileController& files);
 
   void GoToList() { view_.FocusList(); }
   void GoToPattern() { view_.FocusPattern(); }
   void CopyAll();
+  void Export();
+  // The menu of the selected word, at a place on the screen.
+  void ShowWordMenu(const QPoint& place);
   // Searches for the anagrams of the selected word, and for the words that hold it, as a person would.
   void FindAnagrams();
   void FindHolding();
@@ -50,6 +57,7 @@ class WorkbenchController {
   Session& session_;
   Services& services_;
   SearchController& search_;
+  FileController& files_;
   QPointer<QDialog> wildcards_;
 };
 

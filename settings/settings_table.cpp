@@ -99,6 +99,7 @@ constexpr std::array kRows = {
     // The section is written only once something in it is changed.
     SettingRow{Setting::LiveResults, "Workbench", "LiveResults", "No", Repair::YesNo},
     SettingRow{Setting::Reading, "Workbench", "Reading", "No", Repair::YesNo},
+    SettingRow{Setting::ExportFile, "Workbench", "ExportFile", ""},
 };
 static_assert(
     [] {

@@ -59,6 +59,7 @@ enum class Setting {
   Compiled,
   LiveResults,
   Reading,
+  ExportFile,
 };
 
 // How a value read at start is repaired. Everywhere "NotFound" counts as absent.

@@ -1,6 +1,8 @@
 #include "results/window/results_panel.h"
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -50,6 +52,9 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   lbWordList_->setModel(model_);
   connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsPanel::SelectionChanged);
   connect(lbWordList_, &QAbstractItemView::clicked, this, &ResultsPanel::SelectionChanged);
+  lbWordList_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(lbWordList_, &QWidget::customContextMenuRequested, this,
+          [this](const QPoint& place) { emit MenuRequested(lbWordList_->viewport()->mapToGlobal(place)); });
   connect(lbWordList_, &QAbstractItemView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
 }
 
@@ -79,6 +84,12 @@ void ResultsPanel::FocusList() {
     lbWordList_->setCurrentIndex(current);
   }
   lbWordList_->setFocus();
+}
+
+void ResultsPanel::CopySelection() {
+  if (const auto selected = Selected()) {
+    QGuiApplication::clipboard()->setText(FromBytes(results_.Entry(*selected)));
+  }
 }
 
 void ResultsPanel::Select(std::optional<size_t> entry) {

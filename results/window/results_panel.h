@@ -32,6 +32,8 @@ class ResultsPanel : public QWidget {
 
   void SetListFont(const QFont& font);
   void FocusList();
+  // Copies the selected words, one a line.
+  void CopySelection();
   // Selects an entry and brings it into sight, or selects none.
   void Select(std::optional<size_t> entry);
   // A grey text beside the caption; none for an empty one.
@@ -43,6 +45,8 @@ class ResultsPanel : public QWidget {
   // The word that is selected now; empty for none.
   void EntrySelected(const QString& word);
   void EntryDoubleClicked();
+  // The menu of the selected words is wanted at a place on the screen.
+  void MenuRequested(const QPoint& place);
 
  private:
   void SelectionChanged();
