@@ -1,12 +1,16 @@
 #include "settings/window/ini_store.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <QDir>
 #include <QFile>
-#include <QLockFile>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QUrl>
 #include <cerrno>
 #include <cstdio>
@@ -17,7 +21,25 @@
 namespace quorvane {
 namespace {
 
-constexpr int kLockMilliseconds = 500;
+constexpr int kLockTries = 50;
+constexpr unsigned kLockMilliseconds = 10;  // Between two of them.
+
+// Keeps other writers of files in the folder waiting. It is the folder itself that is locked: a lock of that kind
+// leaves no file and goes with its process. Where it can't be had in time the writer goes on without it.
+class FolderLock {
+ public:
+  explicit FolderLock(const std::filesystem::path& folder) : folder_(open(folder.c_str(), O_RDONLY | O_CLOEXEC)) {
+    for (int i = 0; i < kLockTries && flock(folder_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK; ++i) {
+      QThread::msleep(kLockMilliseconds);
+    }
+  }
+  ~FolderLock() { close(folder_); }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+
+ private:
+  const int folder_;
+};
 
 QString KeyOf(std::string_view application, std::string_view section, std::string_view key) {
   const QString path = FromText(section) + "/" + FromText(key);
@@ -185,8 +207,7 @@ std::optional<FileError> IniStore::Write() {
   if (std::filesystem::create_directories(folder, error); error) {
     return FileErrorOfErrno(folder.string(), error.value());
   }
-  QLockFile lock(fileName_ + ".lock");
-  lock.tryLock(kLockMilliseconds);
+  const FolderLock lock(folder);
   // What can't be read is not replaced by the little that is known of it.
   if (const FileHandle readable(std::fopen(path.c_str(), "rb")); readable == nullptr && errno != ENOENT) {
     return FileErrorOfErrno(path, errno);
@@ -213,7 +234,11 @@ std::optional<FileError> IniStore::Write() {
   }
   auto written = ValuesOf(QSettings(copy.Path(), QSettings::IniFormat));
   // A disk that is nearly full gives a file that breaks off, and no error.
-  if (!bytes.ends_with('\n') || KeysIn(written) != KeysIn(ValuesOf(settings))) {
+  bool whole = bytes.ends_with('\n') && KeysIn(written) == KeysIn(ValuesOf(settings));
+  for (auto change = changes_.cbegin(); change != changes_.cend(); ++change) {
+    whole = whole && written.value(change.key()) == change.value();
+  }
+  if (!whole) {
     return FileError{MakeRunTimeError(kErrorDiskFull), path, "it could not be written whole"};
   }
   const auto failure = ReplaceFile(path, [&bytes](FileWriter& out) { out.Write(bytes); });
