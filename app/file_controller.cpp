@@ -55,7 +55,8 @@ std::shared_ptr<const Lexicon> FileController::ReadLexicon(const std::string& pa
   if (const auto irregular = NotRegular(path)) {
     session_.stopFlag = true;
     session_.exitStatus = 1;
-    ReportErrors(irregular->Text());
+    services_.log.Write(event::kError, irregular->Text());
+    services_.door.Show(view_.Window(), irregular->Text());
     return nullptr;
   }
   const LoadResult result = [&] {

@@ -1,0 +1,154 @@
+// What goes beyond the plain search: results while typing, words out of the list, windows beside the work.
+
+#include <QToolButton>
+
+#include "tests/window/window_fixture.h"
+
+namespace quorvane::test {
+namespace {
+
+class WorkbenchTest : public WindowTest {
+ protected:
+  // Opens the menu of the selected word and chooses from it.
+  void ChooseFromMenu(const char* action) {
+    QTimer::singleShot(0, window.get(), [action] {
+      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      auto* item = menu->findChild<QAction*>(action);
+      ASSERT_NE(item, nullptr) << action;
+      menu->setActiveAction(item);
+      QTest::keyClick(menu, Qt::Key_Return);
+    });
+    auto* list = Find<QAbstractItemView>("lbWordList");
+    const QPoint place = list->visualRect(list->currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list->viewport(), &event);
+  }
+};
+
+TEST_F(WorkbenchTest, ResultsWhileTypingShowAndAddNothingElse) {
+  ASSERT_TRUE(Start());
+  Key(Qt::Key_R, Qt::ControlModifier);
+  EXPECT_EQ(Status() + Setting("Workbench", "LiveResults"), "Results are shown while you type.Yes");
+  Search("b*");
+  const std::string file = ReadFile(dir.File("outlist.txt"));
+  NewLog();
+  const struct {
+    const char* text;
+    const char* live;
+    Texts entries;
+  } cases[] = {
+      {"c?t", "2 fit", {"cat", "cot"}},
+      {"*ab*", "3 fit", {"ab", "abba", "tab"}},
+      {"zzz", "0 fit", {}},
+      {";oo", "2 fit", {"noon", "zoo"}},
+      {"%2oo", "0 fit", {}},
+      {"~3", "-", {}},
+      {"", "-", {}},
+  };
+  for (const auto& [text, live, entries] : cases) {
+    Type(text);
+    EXPECT_EQ(Text("lblLive"), live) << text;
+    EXPECT_EQ(Entries(), entries) << text;
+  }
+  Type("tea");
+  Key(Qt::Key_F12);
+  EXPECT_EQ(Entries(), (Texts{"eat", "tea"}));
+  SelectEntry(1);
+  Click("cbUpperCase");
+  EXPECT_EQ(Entries(), (Texts{"EAT", "TEA"}));
+  EXPECT_EQ(Text("lblXofY"), "Word # 2\nLength : 3") << "the selected word stays so";
+  EXPECT_EQ(NewLog(), Texts{});
+  EXPECT_EQ(ReadFile(dir.File("outlist.txt")), file);
+  EXPECT_EQ(door.TakeText() + std::to_string(door.TakeBeeps()), "0");
+  Key(Qt::Key_F8);
+  EXPECT_TRUE(ReadFile(dir.File("outlist.txt")).starts_with("2 exact-length anagrams found"))
+      << "the list's own search";
+  Key(Qt::Key_R, Qt::ControlModifier);
+  Type("c?t");
+  EXPECT_EQ(Entries(), (Texts{"EAT", "TEA"}));
+  EXPECT_FALSE(Find("lblLive")->isVisible());
+}
+
+TEST_F(WorkbenchTest, WordsOutOfTheList) {
+  ASSERT_TRUE(Start());
+  Search("c?t");
+  Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "cat\ncot\n");
+  EXPECT_EQ(Status(), "2 words copied");
+  const auto exportAs = [this](const char* name, int form) {
+    door.scripts.push_back([=, this](QDialog& dialog) {
+      auto* forms = In<QComboBox>(dialog, "cbFormat");
+      forms->setFocus();
+      QTest::keyClick(forms, Qt::Key_Home);
+      for (int i = 0; i < form; ++i) {
+        QTest::keyClick(forms, Qt::Key_Down);
+      }
+      In<QLineEdit>(dialog, "tbExportFile")->setText(FromText(dir.File(name)));
+      ClickOn(In(dialog, "cmdOK"));
+      ClickOn(In(dialog, "cmdCancel"));
+    });
+    Key(Qt::Key_F8, Qt::ShiftModifier);
+  };
+  exportAs("words.csv", 1);
+  EXPECT_EQ(ReadFile(dir.File("words.csv")), "word,length\r\ncat,3\r\ncot,3\r\n");
+  EXPECT_EQ(Setting("Workbench", "ExportFile"), dir.File("words.csv"));
+  dir.Write("mine.txt", "mine");
+  door.answers = {Answer::Cancel};
+  exportAs("mine.txt", 0);
+  EXPECT_EQ(door.TakeText(), dir.File("mine.txt") + " is there already. Replace it?");
+  EXPECT_EQ(ReadFile(dir.File("mine.txt")), "mine");
+  const std::string lexicon = ReadFile(dir.File("words.lex"));
+  exportAs("words.lex", 0);
+  EXPECT_NE(door.TakeText(), "");
+  EXPECT_EQ(ReadFile(dir.File("words.lex")), lexicon);
+}
+
+TEST_F(WorkbenchTest, TheMenuOfAWord) {
+  ASSERT_TRUE(Start());
+  Search("l*");
+  SelectEntry(0);
+  ChooseFromMenu("wordAnagrams");
+  EXPECT_EQ(Text("tbInput"), "listen");
+  EXPECT_TRUE(Find<QRadioButton>("rbAnagramExact")->isChecked());
+  EXPECT_EQ(Entries(), (Texts{"listen", "silent", "tinsel"}));
+  QTest::keyClick(Find("tbInput"), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Text("tbInput"), "l*");
+  Search("*ab");
+  SelectEntry(0);
+  ChooseFromMenu("wordHolding");
+  EXPECT_EQ(Text("tbInput"), "*ab*");
+  EXPECT_EQ(Entries(), (Texts{"ab", "abba", "tab"}));
+  SelectEntry(1);
+  ChooseFromMenu("wordCopy");
+  EXPECT_EQ(QApplication::clipboard()->text(), "abba");
+}
+
+TEST_F(WorkbenchTest, WildcardsBesideTheWorkAndTheWaysByTheKeys) {
+  ASSERT_TRUE(Start());
+  Type("ct");
+  QTest::keyClick(Find("tbInput"), Qt::Key_Left);
+  Item("menWildcardsBeside")->trigger();
+  Item("menWildcardsBeside")->trigger();
+  const auto beside = window->findChildren<QDialog*>("frmWildcards");
+  ASSERT_EQ(beside.size(), 1);
+  ClickOn(In(*beside.front(), "wildcard_?"));
+  EXPECT_EQ(Text("tbInput"), "c?t");
+  QTest::keyClick(beside.front(), Qt::Key_F9);
+  EXPECT_TRUE(Find("tbInput")->hasFocus() || window->focusWidget() == Find("tbInput"));
+  QTest::keyClick(beside.front(), Qt::Key_Escape);
+  EXPECT_FALSE(beside.front()->isVisible());
+  window->activateWindow();
+  Search("c?t");
+  Key(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(window->focusWidget(), Find("lbWordList"));
+  EXPECT_EQ(Text("lblXofY"), "Word # 1\nLength : 3");
+  Click("rbAnyLen");
+  Key(Qt::Key_Up, Qt::ControlModifier);
+  EXPECT_EQ(window->focusWidget(), Find("tbInput"));
+  ClickOn(Find<QToolButton>("cmdClearPattern"));
+  EXPECT_EQ(Text("tbInput"), "");
+}
+
+}  // namespace
+}  // namespace quorvane::test
