@@ -12,12 +12,6 @@ constexpr std::string_view kNormal = "\x1b[0m";
 constexpr char kFixed = '+';
 constexpr char kFree = ' ';
 
-bool HasPlaces(const PreparedPattern& prepared) {
-  const bool plain =
-      prepared.kind == PatternKind::NoAsterisk || prepared.kind == PatternKind::OneAsterisk || prepared.HasMiddle();
-  return plain && !prepared.randomCount;
-}
-
 void Mark(std::string& marks, size_t start, std::string_view pattern) {
   std::transform(pattern.begin(), pattern.end(), marks.begin() + static_cast<std::ptrdiff_t>(start),
                  [](char c) { return StandsFor(c) == Stands::Itself ? kFixed : kFree; });
@@ -26,11 +20,12 @@ void Mark(std::string& marks, size_t start, std::string_view pattern) {
 }  // namespace
 
 FixedLetters::FixedLetters(const PreparedPattern& prepared, const CharacterLists& lists)
-    : prepared_(prepared), hasPlaces_(HasPlaces(prepared)), wordTest_(prepared, lists) {}
+    : prepared_(prepared), wordTest_(prepared, lists) {}
 
 std::string FixedLetters::Marks(std::string_view folded) {
   std::string marks(folded.size(), kFree);
-  if (hasPlaces_ && wordTest_.Accepts(folded)) {
+  // No word fits a request for random words; the other patterns without places have neither prefix nor suffix.
+  if (wordTest_.Accepts(folded)) {
     Mark(marks, 0, prepared_.prefix);
     Mark(marks, folded.size() - prepared_.suffix.size(), prepared_.suffix);
     if (prepared_.HasMiddle()) {

@@ -23,7 +23,6 @@ class FixedLetters {
   std::string Marks(std::string_view folded);
 
   const PreparedPattern prepared_;
-  const bool hasPlaces_;  // The pattern says of its letters where they stand.
   WordTest wordTest_;
 };
 
