@@ -6,6 +6,8 @@
 namespace quorvane::test {
 namespace {
 
+constexpr char kWholeLexicon = '\0';
+
 class Judge {
  public:
   explicit Judge(const ScanRequest& request) : request_(request), matcher_(request.lists) {}
@@ -122,10 +124,10 @@ class Plain {
 
   PlainResult Run() {
     const Initials initials = FirstLetters(request_.prepared, request_.lists);
-    for (const char c : initials.wholeLexicon ? std::string("&") : initials.letters) {
+    for (const char c : initials.wholeLexicon ? std::string(1, kWholeLexicon) : initials.letters) {
       int from = 0;
       int to = lexicon_.count();
-      if (c != '&') {
+      if (c != kWholeLexicon) {
         const int entry = static_cast<unsigned char>(c) - 65;
         if (entry < 0 || entry > 29) {
           continue;
