@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "results/summary.h"
+#include "search/conditions.h"
 
 namespace quorvane {
 namespace {
@@ -48,8 +49,11 @@ std::optional<FileError> WriteResultsFile(const std::string& path, const Search&
                                           SortOrder order, const WriteProgress& progress) {
   return ReplaceFile(path, [&](FileWriter& out) {
     WriteLine(out, HeaderLine(results.FoundCount(), said));
-    for (const ListKind kind : ListsNamedIn(said.text)) {
+    for (const ListKind kind : ListsNamedIn(said)) {
       WriteLine(out, std::string(FactsOf(kind).fileLegend) + BracketForm(said.lists.Of(kind)));
+    }
+    for (const Condition& condition : said.conditions) {
+      WriteLine(out, " " + ConditionText(condition));
     }
     if (results.FoundCount() < 1) {
       return;

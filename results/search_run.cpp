@@ -2,6 +2,18 @@
 
 namespace quorvane {
 
+SearchRun::SearchRun(Search search)
+    : search_(std::move(search)), prepared_(PreparePattern(search_.text, search_.mode)) {
+  PreparedConditions conditions = PrepareConditions(search_);
+  conditions_ = std::move(conditions.all);
+  if (conditions.refusal && !prepared_.refusal) {
+    refusedCondition_ = conditions.refusal->index;
+    const std::string text =
+        "Condition '" + ConditionText(search_.conditions[*refusedCondition_]) + "': " + conditions.refusal->why;
+    prepared_.refusal = PatternRefusal{text, text};
+  }
+}
+
 CharacterLists SearchRun::MatchedLists() const {
   CharacterLists lists = search_.lists;
   lists.scrabble = UsableTiles(lists.scrabble);
@@ -17,6 +29,7 @@ ScanOutcome SearchRun::List(std::shared_ptr<const Lexicon> lexicon, RandomSource
     request.minLength = search_.lengths.min;
     request.maxLength = search_.lengths.max;
   }
+  request.conditions = conditions_;
   request.palindromes = search_.mode == WordType::Palindrome;
   const bool wasTruncated = results.LastScanTruncated();
   ScanOutcome outcome =

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "results/result_list.h"
+#include "search/conditions.h"
 #include "search/pattern.h"
 #include "search/scan.h"
 #include "search/search.h"
@@ -19,13 +20,15 @@ struct ListSettings {
 
 class SearchRun {
  public:
-  explicit SearchRun(Search search)
-      : search_(std::move(search)), prepared_(PreparePattern(search_.text, search_.mode)) {}
+  explicit SearchRun(Search search);
 
   const Search& Asked() const { return search_; }
+  // Its refusal is that of the text, else of the first condition that can't be searched.
   const PreparedPattern& Prepared() const { return prepared_; }
   // The lists as words are matched against them.
   CharacterLists MatchedLists() const;
+  // The condition, counted from 0, that the refusal is of.
+  std::optional<size_t> RefusedCondition() const { return refusedCondition_; }
 
   // Scans the lexicon and lists what was found, in the order found. Only of a pattern that is neither empty nor
   // refused. What went wrong on the way is in the outcome; the list then holds what was found before.
@@ -35,6 +38,8 @@ class SearchRun {
  private:
   Search search_;
   PreparedPattern prepared_;
+  std::vector<PreparedCondition> conditions_;
+  std::optional<size_t> refusedCondition_;
 };
 
 }  // namespace quorvane

@@ -1,5 +1,6 @@
 #include "search/filter.h"
 
+#include <algorithm>
 #include <bit>
 
 #include "search/byte_masks.h"
@@ -80,32 +81,76 @@ void WordFilter::Allow(LetterSet allowed, unsigned blankTiles) {
   }
 }
 
+void WordFilter::Narrow(const WordFilter& other) {
+  shortest = std::max(shortest, other.shortest);
+  longest = std::min(longest, other.longest);
+  if ((care & other.care & (want ^ other.want)) != 0) {
+    shortest = 1;
+    longest = 0;
+  }
+  care |= other.care;
+  want |= other.want;
+}
+
+namespace {
+
+// The questions of one filter to the blocks of a chunk.
+struct Questions {
+  const WordFilter& filter;
+  const uint8_t* lengths;
+  const LetterSet* letters;
+
+  Questions(const Lexicon& lexicon, const WordFilter& asked, WordNumber first)
+      : filter(asked), lengths(lexicon.Lengths() + first), letters(lexicon.LetterSets() + first) {}
+
+  bool Impossible() const { return filter.shortest > filter.longest; }
+  bool AskLength() const { return filter.shortest > 1 || filter.longest < kMaxWordLength; }
+  uint64_t Length(size_t block) const { return LengthsFit(lengths + kBlockWords * block, filter); }
+  uint64_t Letters(size_t block) const { return LettersFit(letters + kBlockWords * block, filter); }
+
+  void NarrowByLetters(Survivors& survivors) const {
+    if (filter.care != 0) {
+      survivors.Narrow([this](size_t block, uint64_t bits) { return bits & Letters(block); });
+    }
+  }
+  void NarrowByBlanks(Survivors& survivors) const {
+    if (filter.blanks != 0) {
+      survivors.Narrow(
+          [this](size_t block, uint64_t bits) { return bits & BlanksSuffice(letters + kBlockWords * block, filter); });
+    }
+  }
+};
+
+}  // namespace
+
 void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count,
                  Survivors& survivors) {
   survivors.Clear();
-  if (filter.shortest > filter.longest) {
+  const Questions ask(lexicon, filter, first);
+  if (ask.Impossible()) {
     return;
   }
-  const uint8_t* lengths = lexicon.Lengths() + first;
-  const LetterSet* letters = lexicon.LetterSets() + first;
   const size_t whole = count / kBlockWords;
   const uint64_t rest = (uint64_t{1} << count % kBlockWords) - 1;
   const size_t blocks = whole + (rest != 0 ? 1 : 0);
   const auto inChunk = [&](size_t block) { return block < whole ? ~uint64_t{0} : rest; };
-  const auto fit = [&](size_t block) { return LettersFit(letters + kBlockWords * block, filter); };
-  if (filter.care != 0 && filter.shortest <= 1 && filter.longest >= kMaxWordLength) {
-    survivors.Fill(blocks, [&](size_t block) { return fit(block) & inChunk(block); });
+  if (filter.care != 0 && !ask.AskLength()) {
+    survivors.Fill(blocks, [&](size_t block) { return ask.Letters(block) & inChunk(block); });
   } else {
-    survivors.Fill(blocks,
-                   [&](size_t block) { return LengthsFit(lengths + kBlockWords * block, filter) & inChunk(block); });
-    if (filter.care != 0) {
-      survivors.Narrow([&](size_t block, uint64_t bits) { return bits & fit(block); });
-    }
+    survivors.Fill(blocks, [&](size_t block) { return ask.Length(block) & inChunk(block); });
+    ask.NarrowByLetters(survivors);
   }
-  if (filter.blanks != 0) {
-    survivors.Narrow(
-        [&](size_t block, uint64_t bits) { return bits & BlanksSuffice(letters + kBlockWords * block, filter); });
+  ask.NarrowByBlanks(survivors);
+}
+
+void NarrowWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, Survivors& survivors) {
+  const Questions ask(lexicon, filter, first);
+  if (ask.Impossible() || ask.AskLength()) {
+    const uint64_t possible = ask.Impossible() ? 0 : ~uint64_t{0};
+    survivors.Narrow([&](size_t block, uint64_t bits) { return bits & ask.Length(block) & possible; });
   }
+  ask.NarrowByLetters(survivors);
+  ask.NarrowByBlanks(survivors);
 }
 
 }  // namespace quorvane

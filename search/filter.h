@@ -25,6 +25,9 @@ struct WordFilter {
     care |= letters;
     want |= letters;
   }
+  void Forbid(LetterSet letters) { Narrow({.care = letters}); }
+  // Also what another filter asks, but for its blanks.
+  void Narrow(const WordFilter& other);
   // No letter but these (in words that hold letters only; a word with other characters is judged by itself).
   void Allow(LetterSet letters, unsigned blankTiles = 0);
 };
@@ -55,9 +58,16 @@ class Survivors {
     }
   }
   void Clear() { count_ = 0; }
+  void Copy(const Survivors& other) {
+    count_ = 0;
+    for (const uint16_t block : other.Blocks()) {
+      Keep(block, other.bits_[block]);
+    }
+  }
 
   // The blocks with a bit, ascending.
   std::span<const uint16_t> Blocks() const { return {blocks_.data(), count_}; }
+  // Of a block that is listed, or that Narrow has emptied.
   uint64_t Bits(size_t block) const { return bits_[block]; }
 
  private:
@@ -76,5 +86,7 @@ class Survivors {
 // Fills `survivors` for the words `first` to `first + count - 1`; `count` is at most Survivors::kWords.
 void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count,
                  Survivors& survivors);
+// Keeps of the survivors, whose first word is `first`, only those that pass.
+void NarrowWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, Survivors& survivors);
 
 }  // namespace quorvane

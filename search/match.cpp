@@ -1,5 +1,7 @@
 #include "search/match.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "search/wildcards.h"
 
@@ -42,7 +44,7 @@ bool Matcher::Matches(char pc, char wc) {
     case Stands::ExcludeList:
       return InClass(excludeClass_, wc);
     case Stands::Tile:
-      return UseTile(wc);
+      return TakeTile(scrabbleWork_, wc);
     case Stands::Itself:
     case Stands::AnyNumber:
     case Stands::SameCharacter:
@@ -61,10 +63,10 @@ bool Matcher::MatchesBinding(char digit, char wc) {
   return binding == code;
 }
 
-bool Matcher::UseTile(char wc) {
-  for (const char tile : {wc, '-', '?'}) {
-    if (const size_t at = scrabbleWork_.find(tile); at != std::string::npos) {
-      scrabbleWork_.erase(at, 1);
+bool TakeTile(std::string& rack, char wordCharacter) {
+  for (const char tile : {wordCharacter, '-', '?'}) {
+    if (const size_t at = rack.find(tile); at != std::string::npos) {
+      rack.erase(at, 1);
       return true;
     }
   }
@@ -126,10 +128,17 @@ bool WordTest::Accepts(std::string_view word) {
       return AcceptsSequence(word);
     case PatternKind::LetterChoice:
       return FindLetters(word, prepared_.letters, prepared_.anyOrder);
+    case PatternKind::Tiles:
+      return AcceptsTiles(word);
     case PatternKind::Random:
       break;
   }
   return false;
+}
+
+bool WordTest::AcceptsTiles(std::string_view word) const {
+  std::string rack = prepared_.letters;
+  return std::all_of(word.begin(), word.end(), [&rack](char c) { return TakeTile(rack, c); });
 }
 
 bool WordTest::AcceptsEnds(std::string_view word) {

@@ -33,7 +33,6 @@ class Matcher {
  private:
   bool Matches(char patternCharacter, char wordCharacter);
   bool MatchesBinding(char digit, char wordCharacter);
-  bool UseTile(char wordCharacter);
 
   std::string includeClass_;
   std::string excludeClass_;
@@ -42,6 +41,9 @@ class Matcher {
   std::string scrabbleWork_;
   bool matchFlag_ = true;
 };
+
+// Takes the tile of a character, else a blank one, out of the rack; false when it has neither.
+bool TakeTile(std::string& rack, char wordCharacter);
 
 // Whether every character of `a` can be paired with its own occurrence in `b`. A used character of `b` becomes "*".
 bool ContainsAll(std::string_view a, std::string_view b);
@@ -63,6 +65,7 @@ class WordTest {
   bool AcceptsEnds(std::string_view word);
   bool AcceptsMiddle(std::string_view word, size_t firstStart, size_t lastStart, bool clearDigits);
   bool AcceptsSequence(std::string_view word) const;
+  bool AcceptsTiles(std::string_view word) const;
 
   const PreparedPattern prepared_;
   Matcher matcher_;

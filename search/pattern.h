@@ -25,6 +25,7 @@ enum class PatternKind : int {
   Sequence = 11,      // "%"
   Random = 12,        // "~"; while typing only.
   LetterChoice = 13,  // ";"
+  Tiles = 14,         // Any number of tiles; of a condition only.
 };
 
 // What is said of a text that can't be searched.
@@ -50,7 +51,7 @@ struct PreparedPattern {
   std::string prefix;
   std::string middle;
   std::string suffix;
-  std::string letters;             // Of an anagram, a letter sequence, a letter choice.
+  std::string letters;             // Of an anagram, a letter sequence, a letter choice; the tiles.
   std::optional<int> times;        // Of a letter sequence; nothing when no number stands there.
   bool orMore = false;             // Of a letter sequence.
   bool anyOrder = false;           // Of a letter choice.

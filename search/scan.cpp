@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "base/text.h"
-#include "search/filter.h"
+#include "search/sieve.h"
 #include "search/verify.h"
 
 namespace quorvane {
@@ -50,11 +50,10 @@ class Scan {
       outcome_.errors.push_back({MakeRunTimeError(kErrorSubscriptOutOfRange), "", "A"});
       return Finish();
     }
-    Verifier verifier(prepared, request_.lists, static_cast<unsigned>(std::max(request_.minLength, 0)),
-                      static_cast<unsigned>(std::max(request_.maxLength, 0)));
+    Sieve sieve(request_);
     const Initials initials = FirstLetters(prepared, request_.lists);
     if (initials.wholeLexicon) {
-      Range(verifier, 0, lexicon_.count());
+      Range(sieve, 0, lexicon_.count());
     }
     int pass = 0;
     for (const char initial : initials.letters) {
@@ -66,21 +65,21 @@ class Scan {
         continue;
       }
       const auto& starts = lexicon_.letterStart();
-      Range(verifier, starts[static_cast<size_t>(entry)], starts[static_cast<size_t>(entry) + 1]);
+      Range(sieve, starts[static_cast<size_t>(entry)], starts[static_cast<size_t>(entry) + 1]);
     }
     return Finish();
   }
 
  private:
   // The words `from` to `to`, cut where progress is to be reported. Number 0 is no word.
-  void Range(Verifier& verifier, int from, int to) {
+  void Range(Sieve& sieve, int from, int to) {
     if (from == 0 && to >= 0) {
       Report(0);
     }
     for (int next = std::max(from, 1); next <= to;) {
       const int lastOfStep = step_ > 0 ? (next + step_ - 1) / step_ * step_ : to;
       const int last = std::min({to, lastOfStep, next + static_cast<int>(Survivors::kWords) - 1});
-      Chunk(verifier, static_cast<WordNumber>(next), static_cast<size_t>(last) - static_cast<size_t>(next) + 1);
+      Chunk(sieve, static_cast<WordNumber>(next), static_cast<size_t>(last) - static_cast<size_t>(next) + 1);
       Report(last);
       next = last + 1;
     }
@@ -94,9 +93,8 @@ class Scan {
     }
   }
 
-  void Chunk(Verifier& verifier, WordNumber first, size_t count) {
-    FilterWords(lexicon_, verifier.Filter(), first, count, survivors_);
-    verifier.Verify(lexicon_, first, survivors_);
+  void Chunk(Sieve& sieve, WordNumber first, size_t count) {
+    sieve.Keep(lexicon_, first, count, survivors_);
     // A list that refuses no entry takes the words as they come; palindromes are sorted out before.
     if (screenCapacity_ == std::numeric_limits<size_t>::max()) {
       if (request_.palindromes) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/run_time_error.h"
+#include "search/conditions.h"
 #include "search/emit.h"
 #include "search/pattern.h"
 
@@ -24,7 +25,8 @@ struct ScanRequest {
   CharacterLists lists;
   int minLength = kAnyMinLength;
   int maxLength = kAnyMaxLength;
-  bool palindromes = false;  // Keep only words that read the same both ways.
+  bool palindromes = false;                   // Keep only words that read the same both ways.
+  std::vector<PreparedCondition> conditions;  // Not of random words.
 };
 
 class ScanObserver {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "search/character_lists.h"
 #include "search/word_type.h"
@@ -16,12 +17,22 @@ struct LengthRange {
   int max = 8;
 };
 
+// What a condition asks of a word: that it fits a pattern, or does not; that it holds all letters of the text, each as
+// often as it stands there; that it holds none of them; that it can be laid with the text's tiles, each once.
+enum class ConditionKind { And, Not, With, Without, From };
+
+struct Condition {
+  ConditionKind kind = ConditionKind::And;
+  std::string text;
+};
+
 struct Search {
-  std::string text;  // As the input check leaves it.
+  std::string text{};  // As the input check leaves it.
   WordType mode = WordType::WordList;
   std::string noun = "word";  // What is counted: "full anagram", "Random word".
-  LengthRange lengths;
-  CharacterLists lists;  // As stored, letter case and all.
+  LengthRange lengths{};
+  CharacterLists lists{};               // As stored, letter case and all.
+  std::vector<Condition> conditions{};  // Beside the text; a word must meet them all.
 };
 
 }  // namespace quorvane

@@ -118,6 +118,20 @@ struct CountsTest {
   }
 };
 
+struct TilesTest {
+  const std::vector<LetterCount>& tiles;
+  unsigned blanks;
+  template <int Vectors>
+  bool Accepts(const char* word, unsigned length, LetterSet) const {
+    const uint64_t inside = LowBits(length);
+    unsigned laid = blanks;
+    for (const LetterCount& tile : tiles) {
+      laid += std::min(static_cast<unsigned>(std::popcount(EqualMask<Vectors>(word, tile.letter) & inside)), tile.max);
+    }
+    return laid >= length;
+  }
+};
+
 template <class Accepts>
 void KeepAccepted(WordNumber first, Survivors& survivors, Accepts accepts) {
   survivors.Narrow([&](size_t block, uint64_t bits) {
@@ -179,6 +193,9 @@ void Verifier::Verify(const Lexicon& lexicon, WordNumber first, Survivors& survi
       break;
     case VerifyMode::LetterCounts:
       keep(CountsTest{plan_.letterCounts, isAnagram_});
+      break;
+    case VerifyMode::Tiles:
+      keep(TilesTest{plan_.letterCounts, plan_.filter.blanks});
       break;
     case VerifyMode::WordByWord:
       KeepAccepted(first, survivors, [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });

@@ -19,6 +19,7 @@ class Verifier {
   Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest);
 
   const WordFilter& Filter() const { return plan_.filter; }
+  VerifyMode Mode() const { return plan_.mode; }
 
   // Keeps of the survivors, whose first word is `first`, only those that match.
   void Verify(const Lexicon& lexicon, WordNumber first, Survivors& survivors);

@@ -33,6 +33,11 @@ bool IsTile(char c) {
   return StandsFor(c) == Stands::Tile;
 }
 
+unsigned BlanksIn(std::string_view tiles) {
+  return static_cast<unsigned>(
+      std::count_if(tiles.begin(), tiles.end(), [](char tile) { return tile == '-' || tile == '?'; }));
+}
+
 class PlanMaker {
  public:
   PlanMaker(const PreparedPattern& prepared, const CharacterLists& lists, VerifyPlan& plan)
@@ -50,6 +55,7 @@ class PlanMaker {
   void MakeSequence();
   void MakeLetterChoice();
   void MakeAnagram();
+  void MakeTiles();
 
   const PreparedPattern& prepared_;
   const CharacterLists& lists_;
@@ -85,6 +91,9 @@ void PlanMaker::Make() {
     case PatternKind::Anagram:
     case PatternKind::AnagramExact:
       MakeAnagram();
+      break;
+    case PatternKind::Tiles:
+      MakeTiles();
       break;
     case PatternKind::Random:
       filter_.longest = 0;
@@ -213,8 +222,7 @@ void PlanMaker::LimitToWholePattern() {
       allowed = kAllLetters;
     } else if (IsTile(c)) {
       allowed |= LetterSetOf(lists_.scrabble) & kAllLetters;
-      blanks = static_cast<unsigned>(
-          std::count_if(lists_.scrabble.begin(), lists_.scrabble.end(), [](char t) { return t == '-' || t == '?'; }));
+      blanks = BlanksIn(lists_.scrabble);
     } else {
       allowed |= LettersOf(c, lists_);
     }
@@ -286,6 +294,18 @@ void PlanMaker::MakeAnagram() {
     }
   }
   plan_.mode = VerifyMode::LetterCounts;
+}
+
+void PlanMaker::MakeTiles() {
+  const std::string& tiles = prepared_.letters;
+  filter_.longest = std::min(filter_.longest, static_cast<unsigned>(tiles.size()));
+  filter_.Allow(LetterSetOf(tiles) & kAllLetters, BlanksIn(tiles));
+  for (char c = 'a'; c <= 'z'; ++c) {
+    if (const auto available = static_cast<unsigned>(std::count(tiles.begin(), tiles.end(), c)); available != 0) {
+      plan_.letterCounts.push_back({c, 0, available});
+    }
+  }
+  plan_.mode = VerifyMode::Tiles;
 }
 
 }  // namespace

@@ -99,14 +99,15 @@ struct LetterCount {
   unsigned max;
 };
 
-// Which test decides.
+// Which test decides; the dearer ones come later.
 enum class VerifyMode {
   FilterDecides,
-  Ends,       // Letters at the ends alone.
+  Ends,  // Letters at the ends alone.
+  LetterCounts,
+  Tiles,  // What the letter counts do not allow takes a blank of the filter's each.
+  OrderedLetters,
   Run,        // A run of letters alone.
   Positions,  // Everything else with positions.
-  OrderedLetters,
-  LetterCounts,
   WordByWord,
 };
 

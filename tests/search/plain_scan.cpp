@@ -6,55 +6,11 @@
 namespace quorvane::test {
 namespace {
 
-class Plain {
+constexpr char kWholeLexicon = '\0';
+
+class Judge {
  public:
-  Plain(const Lexicon& lexicon, const ScanRequest& request, size_t capacity)
-      : lexicon_(lexicon), request_(request), capacity_(capacity), matcher_(request.lists) {}
-
-  PlainResult Run() {
-    const Initials initials = FirstLetters(request_.prepared, request_.lists);
-    for (const char c : initials.wholeLexicon ? std::string("&") : initials.letters) {
-      int from = 0;
-      int to = lexicon_.count();
-      if (c != '&') {
-        const int entry = static_cast<unsigned char>(c) - 65;
-        if (entry < 0 || entry > 29) {
-          continue;
-        }
-        from = lexicon_.letterStart()[static_cast<size_t>(entry)];
-        to = lexicon_.letterStart()[static_cast<size_t>(entry) + 1];
-      }
-      for (int i = from; i <= to; ++i) {
-        const std::string_view word = lexicon_.Word(static_cast<WordNumber>(i));
-        const int length = static_cast<int>(word.size());
-        if (length <= request_.maxLength && length >= request_.minLength && Accepts(FoldText(word))) {
-          Add(static_cast<WordNumber>(i), word);
-        }
-        const int step = lexicon_.count() / 20;
-        if (step > 0 && i % step == 0) {
-          result_.progress.push_back(static_cast<int>((static_cast<double>(i / 1000) + i) / lexicon_.count() * 100));
-        }
-      }
-    }
-    return result_;
-  }
-
- private:
-  bool Test(char pc, char wc) {
-    matcher_.MatchChar(pc, wc);
-    return matcher_.MatchFlag();
-  }
-
-  bool Ends(const std::string& w, size_t before, size_t after) {
-    const std::string& p = request_.prepared.text;
-    for (size_t i = 1; i <= before; ++i) {
-      Test(p[i - 1], w[i - 1]);
-    }
-    for (size_t i = w.size() - after + 1; i <= w.size(); ++i) {
-      Test(p[i + p.size() - w.size() - 1], w[i - 1]);
-    }
-    return matcher_.MatchFlag();
-  }
+  explicit Judge(const ScanRequest& request) : request_(request), matcher_(request.lists) {}
 
   bool Accepts(const std::string& w) {
     const std::string& p = request_.prepared.text;
@@ -130,6 +86,23 @@ class Plain {
     }
   }
 
+ private:
+  bool Test(char pc, char wc) {
+    matcher_.MatchChar(pc, wc);
+    return matcher_.MatchFlag();
+  }
+
+  bool Ends(const std::string& w, size_t before, size_t after) {
+    const std::string& p = request_.prepared.text;
+    for (size_t i = 1; i <= before; ++i) {
+      Test(p[i - 1], w[i - 1]);
+    }
+    for (size_t i = w.size() - after + 1; i <= w.size(); ++i) {
+      Test(p[i + p.size() - w.size() - 1], w[i - 1]);
+    }
+    return matcher_.MatchFlag();
+  }
+
   bool MiddleAt(const std::string& w, size_t from, size_t size, size_t start) {
     matcher_.RaiseMatchFlag();
     for (size_t i = 0; i < size; ++i) {
@@ -139,6 +112,46 @@ class Plain {
     }
     return true;
   }
+
+  const ScanRequest& request_;
+  Matcher matcher_;
+};
+
+class Plain {
+ public:
+  Plain(const Lexicon& lexicon, const ScanRequest& request, size_t capacity, const PlainCondition& condition)
+      : lexicon_(lexicon), request_(request), capacity_(capacity), condition_(condition), judge_(request) {}
+
+  PlainResult Run() {
+    const Initials initials = FirstLetters(request_.prepared, request_.lists);
+    for (const char c : initials.wholeLexicon ? std::string(1, kWholeLexicon) : initials.letters) {
+      int from = 0;
+      int to = lexicon_.count();
+      if (c != kWholeLexicon) {
+        const int entry = static_cast<unsigned char>(c) - 65;
+        if (entry < 0 || entry > 29) {
+          continue;
+        }
+        from = lexicon_.letterStart()[static_cast<size_t>(entry)];
+        to = lexicon_.letterStart()[static_cast<size_t>(entry) + 1];
+      }
+      for (int i = from; i <= to; ++i) {
+        const std::string_view word = lexicon_.Word(static_cast<WordNumber>(i));
+        const int length = static_cast<int>(word.size());
+        if (length <= request_.maxLength && length >= request_.minLength && Accepts(FoldText(word))) {
+          Add(static_cast<WordNumber>(i), word);
+        }
+        const int step = lexicon_.count() / 20;
+        if (step > 0 && i % step == 0) {
+          result_.progress.push_back(static_cast<int>((static_cast<double>(i / 1000) + i) / lexicon_.count() * 100));
+        }
+      }
+    }
+    return result_;
+  }
+
+ private:
+  bool Accepts(const std::string& word) { return judge_.Accepts(word) && (!condition_ || condition_(word)); }
 
   void Add(WordNumber number, std::string_view word) {
     if (!result_.truncated) {
@@ -161,14 +174,20 @@ class Plain {
   const Lexicon& lexicon_;
   const ScanRequest& request_;
   const size_t capacity_;
-  Matcher matcher_;
+  const PlainCondition& condition_;
+  Judge judge_;
   PlainResult result_;
 };
 
 }  // namespace
 
-PlainResult PlainScan(const Lexicon& lexicon, const ScanRequest& request, size_t screenCapacity) {
-  return Plain(lexicon, request, screenCapacity).Run();
+PlainResult PlainScan(const Lexicon& lexicon, const ScanRequest& request, size_t screenCapacity,
+                      const PlainCondition& condition) {
+  return Plain(lexicon, request, screenCapacity, condition).Run();
+}
+
+bool PlainFits(const ScanRequest& request, const std::string& word) {
+  return Judge(request).Accepts(word);
 }
 
 }  // namespace quorvane::test

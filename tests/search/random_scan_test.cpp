@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <random>
+#include <set>
 
 #include "base/text.h"
 #include "tests/search/plain_scan.h"
@@ -102,9 +103,46 @@ class Generator {
     }
   }
 
+  Condition AnyCondition(const std::vector<std::string>& words) {
+    switch (Below(5)) {
+      case 0:
+        return {ConditionKind::With, Letters(1 + Below(3), "aeGlnrst")};
+      case 1:
+        return {ConditionKind::Without, Letters(1 + Below(2), "aeglNrst")};
+      case 2:
+        return {ConditionKind::From, Letters(1 + Below(12), "aeglnRst?-")};
+      default:
+        return {OneIn(2) ? ConditionKind::And : ConditionKind::Not,
+                OneIn(3) ? "*" + Letters(1, "aelst") + "*" : Text(words)};
+    }
+  }
+
  private:
   std::mt19937 engine_;
 };
+
+// What a condition asks, of one word in lower case and without the scan's help.
+bool Meets(const std::string& word, const Condition& condition, const CharacterLists& lists) {
+  const std::string text = FoldText(condition.text);
+  const auto in = [](const std::string& where, char c) { return std::count(where.begin(), where.end(), c); };
+  std::ptrdiff_t missing = 0;
+  switch (condition.kind) {
+    case ConditionKind::With:
+      return std::all_of(text.begin(), text.end(), [&](char c) { return in(word, c) >= in(text, c); });
+    case ConditionKind::Without:
+      return word.find_first_of(text) == std::string::npos;
+    case ConditionKind::From:
+      for (const char c : std::set<char>(word.begin(), word.end())) {
+        missing += std::max<std::ptrdiff_t>(0, in(word, c) - (IsLetter(c) ? in(text, c) : 0));
+      }
+      return missing <= in(text, '?') + in(text, '-');
+    default:
+      ScanRequest request;
+      request.prepared = PreparePattern(condition.text, WordType::WordList);
+      request.lists = lists;
+      return PlainFits(request, word) == (condition.kind == ConditionKind::And);
+  }
+}
 
 int Cases() {
   const char* asked = std::getenv("QUORVANE_SCAN_CASES");
@@ -153,8 +191,21 @@ TEST(RandomScan, AgreesWithThePlainScan) {
         request.minLength = 1 + generator.Below(8);
         request.maxLength = request.minLength + generator.Below(8);
       }
+      Search asked{.lists = request.lists};
+      for (int more = generator.OneIn(2) ? 0 : 1 + generator.Below(4); more > 0; --more) {
+        asked.conditions.push_back(generator.AnyCondition(words));
+      }
+      const PreparedConditions conditions = PrepareConditions(asked);
+      if (conditions.refusal) {
+        continue;
+      }
+      request.conditions = conditions.all;
+      const auto meetsAll = [&asked](const std::string& word) {
+        return std::all_of(asked.conditions.begin(), asked.conditions.end(),
+                           [&](const Condition& condition) { return Meets(word, condition, asked.lists); });
+      };
       const size_t capacity = generator.OneIn(10) ? static_cast<size_t>(generator.Below(12)) : static_cast<size_t>(-1);
-      const PlainResult plain = PlainScan(*loaded.lexicon, request, capacity);
+      const PlainResult plain = PlainScan(*loaded.lexicon, request, capacity, meetsAll);
       Percentages percentages;
       const ScanOutcome outcome = PerformScan(*loaded.lexicon, request, found, random, &percentages, capacity);
       const std::vector<WordNumber> fast(found.Span().begin(), found.Span().end());
@@ -163,9 +214,12 @@ TEST(RandomScan, AgreesWithThePlainScan) {
         ASSERT_EQ(outcome.errors.size(), 1u);
         continue;
       }
+      std::vector<std::string> said;
+      std::transform(asked.conditions.begin(), asked.conditions.end(), std::back_inserter(said), ConditionText);
       ASSERT_EQ(fast, plain.found) << "pattern " << text << " kind " << static_cast<int>(request.prepared.kind)
                                    << " rack " << request.lists.scrabble << " include " << request.lists.include
-                                   << " exclude " << request.lists.exclude;
+                                   << " exclude " << request.lists.exclude << " conditions "
+                                   << testing::PrintToString(said);
       ASSERT_EQ(outcome.truncated, plain.truncated) << text;
       ASSERT_EQ(outcome.listed, plain.listed) << text;
       ASSERT_EQ(percentages.seen, plain.progress) << text;

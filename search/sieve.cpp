@@ -1,0 +1,73 @@
+#include "search/sieve.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace quorvane {
+namespace {
+
+// Whether the pattern asks for one letter anywhere and nothing else.
+bool AsksForOneLetter(const Verifier& verifier) {
+  const WordFilter& filter = verifier.Filter();
+  return verifier.Mode() == VerifyMode::FilterDecides && filter.shortest <= 1 && filter.longest >= kMaxWordLength &&
+         filter.blanks == 0 && filter.care == filter.want && std::popcount(filter.want) == 1;
+}
+
+}  // namespace
+
+Sieve::Sieve(const ScanRequest& request) {
+  Add(request.prepared, request.lists, static_cast<unsigned>(std::max(request.minLength, 0)),
+      static_cast<unsigned>(std::max(request.maxLength, 0)), true);
+  for (const PreparedCondition& condition : request.conditions) {
+    Add(condition.prepared, condition.lists, 1, kMaxWordLength, condition.mustFit);
+  }
+  std::stable_sort(tests_.begin(), tests_.end(),
+                   [](const auto& a, const auto& b) { return a->verifier.Mode() < b->verifier.Mode(); });
+}
+
+void Sieve::Add(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest,
+                bool mustFit) {
+  auto test = std::make_unique<Test>(Test{Verifier(prepared, lists, shortest, longest), mustFit});
+  const WordFilter& filter = test->verifier.Filter();
+  if (mustFit) {
+    filter_.Narrow(filter);
+    test->filtered = filter.blanks == 0 || filter_.blanks == 0;
+    if (filter.blanks != 0 && filter_.blanks == 0) {
+      filter_.blanks = filter.blanks;
+      filter_.forbidden = filter.forbidden;
+    }
+    if (test->filtered && test->verifier.Mode() == VerifyMode::FilterDecides) {
+      return;
+    }
+  } else if (AsksForOneLetter(test->verifier)) {
+    filter_.Forbid(filter.want);
+    return;
+  }
+  tests_.push_back(std::move(test));
+}
+
+void Sieve::Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors) {
+  FilterWords(lexicon, filter_, first, count, survivors);
+  for (const auto& test : tests_) {
+    if (survivors.Blocks().empty()) {
+      return;
+    }
+    if (!test->mustFit) {
+      Drop(lexicon, first, test->verifier, survivors);
+      continue;
+    }
+    if (!test->filtered) {
+      NarrowWords(lexicon, test->verifier.Filter(), first, survivors);
+    }
+    test->verifier.Verify(lexicon, first, survivors);
+  }
+}
+
+void Sieve::Drop(const Lexicon& lexicon, WordNumber first, Verifier& verifier, Survivors& survivors) {
+  fitting_.Copy(survivors);
+  NarrowWords(lexicon, verifier.Filter(), first, fitting_);
+  verifier.Verify(lexicon, first, fitting_);
+  survivors.Narrow([this](size_t block, uint64_t bits) { return bits & ~fitting_.Bits(block); });
+}
+
+}  // namespace quorvane

@@ -1,0 +1,39 @@
+// All that a search asks of a word, in the order that costs least: one filter for what the pattern and the conditions
+// ask together, then each test on what is left.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "search/filter.h"
+#include "search/scan.h"
+#include "search/verify.h"
+
+namespace quorvane {
+
+class Sieve {
+ public:
+  // Of anything but random words. The request outlives it.
+  explicit Sieve(const ScanRequest& request);
+
+  // Fills `survivors` with those of the words `first` to `first + count - 1` that fit the pattern and meet all
+  // conditions. `count` is at most Survivors::kWords.
+  void Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors);
+
+ private:
+  struct Test {
+    Verifier verifier;
+    bool mustFit = true;
+    bool filtered = false;  // The common filter asks all that the test's own does.
+  };
+
+  void Add(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest,
+           bool mustFit);
+  void Drop(const Lexicon& lexicon, WordNumber first, Verifier& verifier, Survivors& survivors);
+
+  WordFilter filter_;
+  std::vector<std::unique_ptr<Test>> tests_;
+  Survivors fitting_;  // Of the pattern that a word must not fit.
+};
+
+}  // namespace quorvane
