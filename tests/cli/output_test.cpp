@@ -74,7 +74,7 @@ TEST_F(CommandLine, ThePatternsOwnLettersAreBold) {
       {"sh bold.sh 's*1e*' --lexicon middle.lex", 0, "+S-ass+e-n\n", ""},
       {"sh bold.sh '*n1*1' --lexicon middle.lex", 0, "ba+n-ana\n", ""},
       {"sh bold.sh '*ab*a?e' --lexicon middle.lex", 0, "c+ab-b+a-g+e-\n", ""},
-      {"for p in ';ea' '%1ea'; do q find --lexicon tea.lex --color always $p 2>err; done", 0, "tea\ntea\ntea\n", ""},
+      {"for p in ';ea' '%1ea'; do q find --lexicon tea.lex --color always $p 2>err; done", 0, "tea\ntea\n", ""},
       {"q find --type exact --color always tea 2>err; q find --format comma --color always tea 2>err", 0,
        "ate\neat\ntea\ntea\n", ""},
       {"q find 'z*' --color never 2>err; q find 'z*' 2>err", 0, "zoo\nzoo\n", ""},
