@@ -160,6 +160,8 @@ CommandRow WorkbenchItem(Command command, std::string_view name, std::string_vie
 }
 
 const std::array kWorkbench = {
+    WorkbenchItem(Command::MoreConditions, "menMoreConditions", "&More conditions", "Ctrl+M",
+                  [](const Controllers& c, int) { c.workbench.ToggleConditions(); }),
     WorkbenchItem(
         Command::CopyAll, "menCopyAll", "&Copy all words", "Ctrl+Shift+C",
         [](const Controllers& c, int) { c.workbench.CopyAll(); }, HasFound),

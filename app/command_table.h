@@ -63,6 +63,7 @@ enum class Command {
   LookUp,
   GoToList,
   GoToPattern,
+  MoreConditions,
   CopyAll,
   Export,
   ShowWildcardsBeside,

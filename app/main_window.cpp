@@ -22,6 +22,7 @@
 #include "results/window/result_options_panel.h"
 #include "results/window/results_panel.h"
 #include "results/window/sort_panel.h"
+#include "search/window/conditions_panel.h"
 #include "search/window/length_panel.h"
 #include "search/window/lists_panel.h"
 #include "search/window/pattern_panel.h"
@@ -100,6 +101,7 @@ void MainWindow::MakePanels() {
   ShowsColour(this, ColourElement::MainBack, ColourUse::Background);
   ShowsColour(central, ColourElement::MainBack, ColourUse::Background);
   pattern_ = new PatternPanel(central);
+  conditions_ = new ConditionsPanel(central);
   lengths_ = new LengthPanel(services_.settings, central);
   sort_ = new SortPanel(central);
   appearance_ = new AppearancePanel(services_.settings, central);
@@ -150,12 +152,13 @@ void MainWindow::LayOut() {
   right->addWidget(lblTimer_);
   right->addWidget(pbBar_);
   grid_->addWidget(pattern_, 0, 0, 1, 3);
-  grid_->addLayout(left, 1, 0);
-  grid_->addWidget(results_, 1, 1);
-  grid_->addLayout(right, 1, 2);
-  grid_->addWidget(lblStatus_, 2, 0, 1, 3);
+  grid_->addWidget(conditions_, 1, 0, 1, 3);
+  grid_->addLayout(left, 2, 0);
+  grid_->addWidget(results_, 2, 1);
+  grid_->addLayout(right, 2, 2);
+  grid_->addWidget(lblStatus_, 3, 0, 1, 3);
   grid_->setColumnStretch(1, 1);
-  grid_->setRowStretch(1, 1);
+  grid_->setRowStretch(2, 1);
   grid_->setColumnMinimumWidth(1, kListWidth);
   grid_->setColumnMinimumWidth(2, kRightColumnWidth);
 }
@@ -172,9 +175,14 @@ void MainWindow::WireSearch() {
   connect(pattern_, &PatternPanel::ModeChosen, this, [this](WordType type) { searching_.SelectMode(type); });
   connect(pattern_, &PatternPanel::SearchRequested, this, [this] { Do("Search", [this] { searching_.FindWords(); }); });
   connect(pattern_, &PatternPanel::ExitRequested, this, [this] { files_.Exit(); });
+  conditions_->SetCheck(
+      [this](const std::string& text, size_t caret) { return searching_.KeptOfCondition(text, caret); });
+  connect(conditions_, &ConditionsPanel::Changed, this, [this] { searching_.AskedChanged(); });
+  connect(conditions_, &ConditionsPanel::SearchRequested, this,
+          [this] { Do("Search", [this] { searching_.FindWords(); }); });
   connect(lengths_, &LengthPanel::Status, this, status);
-  connect(lengths_, &LengthPanel::Changed, this, [this] { searching_.SearchLive(); });
-  connect(resultOptions_, &ResultOptionsPanel::UpperCaseChosen, this, [this] { searching_.SearchLive(); });
+  connect(lengths_, &LengthPanel::Changed, this, [this] { searching_.AskedChanged(); });
+  connect(resultOptions_, &ResultOptionsPanel::UpperCaseChosen, this, [this] { searching_.AskedChanged(); });
   connect(sort_, &SortPanel::SortRequested, this,
           [this](SortOrder order) { Do("Sort", [this, order] { searching_.Sort(order); }); });
   connect(lists_, &ListsPanel::ListClicked, this,

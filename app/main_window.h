@@ -20,6 +20,7 @@ class QProgressBar;
 namespace quorvane {
 
 class AppearancePanel;
+class ConditionsPanel;
 class LengthPanel;
 class ListsPanel;
 class LookupPanel;
@@ -104,6 +105,7 @@ class MainWindow : public QMainWindow,
   void CopySelection() override;
   void TypeText(const std::string& text) override;
   void TypeCharacter(char character) override;
+  void ToggleConditions() override;
 
   CommandState State() const;
   // The entry, unless a command has written one; closes what is open and shuts the program down.
@@ -125,6 +127,7 @@ class MainWindow : public QMainWindow,
   std::unique_ptr<CommandMenu> menu_;
 
   PatternPanel* pattern_ = nullptr;
+  ConditionsPanel* conditions_ = nullptr;
   LengthPanel* lengths_ = nullptr;
   SortPanel* sort_ = nullptr;
   AppearancePanel* appearance_ = nullptr;

@@ -7,10 +7,12 @@
 #include "base/version.h"
 #include "base/window/qt_text.h"
 #include "lookup/window/lookup_panel.h"
+#include "results/summary.h"
 #include "results/window/appearance_panel.h"
 #include "results/window/result_options_panel.h"
 #include "results/window/results_panel.h"
 #include "results/window/sort_panel.h"
+#include "search/window/conditions_panel.h"
 #include "search/window/frm_change_list.h"
 #include "search/window/length_panel.h"
 #include "search/window/lists_panel.h"
@@ -51,8 +53,8 @@ void MainWindow::EndProgress() {
 }
 
 Search MainWindow::Asked() const {
-  return {pattern_->Text(), session_.input.selected, session_.input.noun, lengths_->Range(),
-          StoredLists(services_.settings)};
+  return {pattern_->Text(),  session_.input.selected,         session_.input.noun,
+          lengths_->Range(), StoredLists(services_.settings), conditions_->Conditions()};
 }
 
 void MainWindow::FocusPattern() {
@@ -86,6 +88,8 @@ const ResultList& MainWindow::Results() const {
 
 void MainWindow::ChangeResults(const std::function<void(ResultList&)>& change) {
   results_->ChangeResults(change);
+  const auto& made = results_->Results().MadeBy();
+  results_->SetEmptyText(made ? FromBytes(EmptyListText(*made)) : QString());
 }
 
 std::optional<size_t> MainWindow::SelectedEntry() const {
@@ -165,7 +169,7 @@ void MainWindow::SetLiveResults(bool on) {
   results_->ShowLive("");
   results_->SetStale(false);
   if (on) {
-    searching_.SearchLive();
+    searching_.AskedChanged();
   }
 }
 
@@ -192,6 +196,16 @@ void MainWindow::CopySelection() {
 
 void MainWindow::TypeText(const std::string& text) {
   pattern_->TypeOver(text);
+}
+
+void MainWindow::ToggleConditions() {
+  conditions_->setVisible(conditions_->isHidden());
+  if (conditions_->isHidden()) {
+    pattern_->FocusPattern();
+  } else {
+    conditions_->FocusFirst();
+  }
+  searching_.AskedChanged();
 }
 
 void MainWindow::TypeCharacter(char character) {

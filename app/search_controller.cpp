@@ -99,6 +99,15 @@ void SearchController::CheckInput(const std::string& text, size_t caret) {
     view_.ShowStatus(answer.LastStatus());
   }
   BeepTimes(services_.door, answer.beeps);
+  AskedChanged();
+}
+
+std::string SearchController::KeptOfCondition(const std::string& text, size_t caret) const {
+  const InputAnswer answer = quorvane::CheckInput({text, caret, {}}, StoredLists(services_.settings));
+  return answer.text.starts_with('~') ? "" : answer.text;
+}
+
+void SearchController::AskedChanged() {
   SearchLive();
 }
 
@@ -137,7 +146,7 @@ void SearchController::SearchLive() {
 void SearchController::SelectMode(WordType type) {
   SelectWordType(session_.input, type);
   view_.ShowInput();
-  SearchLive();
+  AskedChanged();
 }
 
 void SearchController::RefreshListCaptions() {
@@ -275,7 +284,7 @@ void SearchController::EditList(ListKind kind) {
   view_.ShowList(kind, after);
   view_.ShowListCaption(kind, ListMenuCaption(kind, after, false));
   view_.ShowStatus(ListStatusText(kind, after, after != before));
-  SearchLive();
+  AskedChanged();
 }
 
 }  // namespace quorvane

@@ -53,6 +53,8 @@ class SearchController {
 
   // A text was typed, with the caret there.
   void CheckInput(const std::string& text, size_t caret);
+  // What the check leaves of a pattern that is a condition.
+  std::string KeptOfCondition(const std::string& text, size_t caret) const;
   // What the check would leave of it.
   std::string Kept(const std::string& text, size_t caret) const;
   void SelectMode(WordType type);
@@ -63,9 +65,10 @@ class SearchController {
   void EditList(ListKind kind);
   void RefreshListCaptions();
   // Something that is searched for has changed: with results while typing on, shows what fits now, and nothing else.
-  void SearchLive();
+  void AskedChanged();
 
  private:
+  void SearchLive();
   void Scan(const SearchRun& run);
   void ReportScan(const ScanOutcome& outcome);
   void ShowTime(const CStopWatch& watch);

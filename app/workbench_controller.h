@@ -33,6 +33,8 @@ class WorkbenchView : public virtual View {
   // As if it were typed over what the box holds: the box's undo brings that back.
   virtual void TypeText(const std::string& text) = 0;
   virtual void TypeCharacter(char character) = 0;
+  // Opens or closes the row of conditions.
+  virtual void ToggleConditions() = 0;
 };
 
 class WorkbenchController {
@@ -43,6 +45,7 @@ class WorkbenchController {
 
   void GoToList() { view_.FocusList(); }
   void GoToPattern() { view_.FocusPattern(); }
+  void ToggleConditions() { view_.ToggleConditions(); }
   void CopyAll();
   void Export();
   // The menu of the selected word, at a place on the screen.

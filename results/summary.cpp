@@ -1,6 +1,7 @@
 #include "results/summary.h"
 
 #include "base/text.h"
+#include "search/conditions.h"
 #include "search/pattern.h"
 
 namespace quorvane {
@@ -30,6 +31,25 @@ std::string SummaryStatus(size_t count, const Search& search) {
 
 std::string SummaryLog(size_t count, const Search& search) {
   return CountedNoun(count, search.noun) + " found using pattern '" + search.text + "'" + RangeText(search.lengths);
+}
+
+std::string EmptyListText(const Search& search) {
+  std::string text;
+  const auto add = [&text](const std::string& part) {
+    text += (text.empty() ? "Nothing found. In force: " : "; ") + part;
+  };
+  const LengthRange& lengths = search.lengths;
+  if (!lengths.any) {
+    add(lengths.min == lengths.max ? std::to_string(lengths.min) + " letters"
+                                   : std::to_string(lengths.min) + " to " + std::to_string(lengths.max) + " letters");
+  }
+  for (const ListKind kind : ListsNamedIn(search)) {
+    add(std::string(1, FactsOf(kind).wildcard) + " stands for " + BracketForm(search.lists.Of(kind)));
+  }
+  for (const Condition& condition : search.conditions) {
+    add(ConditionText(condition));
+  }
+  return text;
 }
 
 std::string WritingStatus(size_t count, const Search& search) {

@@ -1,0 +1,41 @@
+// One row of conditions beside the pattern. While it is closed it asks for nothing, and keeps its texts.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "search/search.h"
+
+class QLineEdit;
+
+namespace quorvane {
+
+class ConditionsPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ConditionsPanel(QWidget* parent);
+
+  // Says what the input check leaves of a pattern.
+  void SetCheck(std::function<std::string(const std::string& text, size_t caret)> check) { check_ = std::move(check); }
+  std::vector<Condition> Conditions() const;
+  void FocusFirst();
+
+ signals:
+  void Changed();
+  void SearchRequested();
+
+ private:
+  struct Box {
+    ConditionKind kind;
+    QLineEdit* box;
+  };
+  void Clean(const Box& box);
+
+  std::function<std::string(const std::string& text, size_t caret)> check_;
+  std::vector<Box> boxes_;
+};
+
+}  // namespace quorvane
