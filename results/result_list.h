@@ -65,6 +65,9 @@ class ResultList {
   // The screen list: its entries, with a last one that says so when the list was truncated.
   size_t EntryCount() const { return listed_ + (truncated_ ? 1 : 0); }
   std::string Entry(size_t i) const;
+  // The first entry that begins with `typed`, letter case apart, from `from` (below EntryCount()) on and around. Where
+  // the words are in order it is found by halving, else by looking at each.
+  std::optional<size_t> FindPrefix(std::string_view typed, size_t from) const;
 
  private:
   std::optional<Search> search_;
