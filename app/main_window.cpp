@@ -194,6 +194,7 @@ void MainWindow::WireSearch() {
 
 void MainWindow::WireResults() {
   connect(results_, &ResultsPanel::EntrySelected, this, [this] { UpdateCommands(); });
+  connect(results_, &ResultsPanel::LeaveRequested, this, [this] { FocusPattern(); });
   connect(results_, &ResultsPanel::MenuRequested, this,
           [this](const QPoint& place) { workbench_.ShowWordMenu(place); });
   connect(results_, &ResultsPanel::EntryDoubleClicked, this,

@@ -61,6 +61,17 @@ BlockFacts LookAt(const char* text) {
 
 }  // namespace
 
+bool Lexicon::sorted() const {
+  if (order_ == Order::Unknown) {
+    WordNumber number = 1;  // Entry 0 stands before every word.
+    while (number <= static_cast<WordNumber>(count_) && FoldedWord(number - 1) <= FoldedWord(number)) {
+      ++number;
+    }
+    order_ = number > static_cast<WordNumber>(count_) ? Order::Sorted : Order::Unsorted;
+  }
+  return order_ == Order::Sorted;
+}
+
 class LexiconLoader {
  public:
   LexiconLoader(int32_t capacity, TextSource source, const std::function<void(int)>& progress)

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -43,6 +44,9 @@ class Lexicon {
   // The word as read, or as compared (lower case). `number` is 0 (the empty word) to count().
   std::string_view Word(WordNumber number) const { return {text_.data() + starts_[number], lengths_[number]}; }
   std::string_view FoldedWord(WordNumber number) const { return {FoldedText() + starts_[number], lengths_[number]}; }
+  // Whether each word, as compared, stands behind the one before it or equals it, by character codes. Found out when it
+  // is asked for first, by a look at every word.
+  bool sorted() const;
   LetterSet Letters(WordNumber number) const { return letters_[number]; }
 
   // The arrays themselves, for the passes that look at every word.
@@ -57,6 +61,7 @@ class Lexicon {
 
  private:
   friend class LexiconLoader;
+  enum class Order : char { Unknown, Sorted, Unsorted };
 
   BigBuffer<char> text_;
   BigBuffer<char> folded_;  // The text in lower case; used only when some character folds.
@@ -65,6 +70,7 @@ class Lexicon {
   BigBuffer<uint8_t> lengths_;
   BigBuffer<LetterSet> letters_;
   int32_t count_ = 0;
+  mutable std::atomic<Order> order_ = Order::Unknown;
   LetterStart letterStart_{};
   LengthCount lengthCount_{};
 };

@@ -80,6 +80,43 @@ std::optional<size_t> ResultList::Find(std::string_view word) const {
   return std::nullopt;
 }
 
+std::optional<size_t> ResultList::FindPrefix(std::string_view typed, size_t from) const {
+  const std::string prefix = FoldText(typed);
+  const auto numbers = (showsCopy_ ? FoundWordsCopy() : FoundWords()).numbers.first(listed_);
+  const size_t count = EntryCount();
+  const bool lastEntryBegins = truncated_ && FoldText(kTruncatedEntry).starts_with(prefix);
+  if (lexicon_ == nullptr || !lexicon_->sorted() || !std::is_sorted(found_.Span().begin(), found_.Span().end())) {
+    for (size_t k = 0; k < count; ++k) {
+      const size_t i = (from + k) % count;
+      if (i < listed_ ? lexicon_->FoldedWord(numbers[i]).starts_with(prefix) : lastEntryBegins) {
+        return i;
+      }
+    }
+    return std::nullopt;
+  }
+  size_t least = count;  // How far the nearest one found is behind `from`.
+  const auto offer = [&](size_t begin, size_t end) {
+    if (begin < end) {
+      const size_t first = begin <= from && from < end ? from : begin;
+      least = std::min(least, (first + count - from) % count);
+    }
+  };
+  // The words are in order as a whole, or each run of one length is.
+  for (auto run = numbers.begin(); run != numbers.end();) {
+    const auto end = !showsCopy_ ? numbers.end() : std::partition_point(run, numbers.end(), [&](WordNumber number) {
+      return lexicon_->Lengths()[number] == lexicon_->Lengths()[*run];
+    });
+    const auto first =
+        std::partition_point(run, end, [&](WordNumber number) { return lexicon_->FoldedWord(number) < prefix; });
+    const auto last = std::partition_point(
+        first, end, [&](WordNumber number) { return lexicon_->FoldedWord(number).starts_with(prefix); });
+    offer(static_cast<size_t>(first - numbers.begin()), static_cast<size_t>(last - numbers.begin()));
+    run = end;
+  }
+  offer(listed_, lastEntryBegins ? count : listed_);
+  return least < count ? std::optional((from + least) % count) : std::nullopt;
+}
+
 std::string ResultList::Entry(size_t i) const {
   if (i >= listed_) {
     return std::string(kTruncatedEntry);

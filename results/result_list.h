@@ -69,6 +69,9 @@ class ResultList {
   WordSequence Shown() const;
   // The entry that shows the word, letter case apart; nothing when none does.
   std::optional<size_t> Find(std::string_view word) const;
+  // The first entry that begins with `typed`, letter case apart, from `from` (below EntryCount()) on and around. Where
+  // the words are in order it is found by halving, else by looking at each.
+  std::optional<size_t> FindPrefix(std::string_view typed, size_t from) const;
 
  private:
   std::optional<Search> search_;

@@ -18,8 +18,8 @@ std::string RangeText(const LengthRange& range);
 std::string SummaryStatus(size_t count, const Search& search);
 // "12 words found using pattern 'a*'  (of 3 to 5 letters in length)"
 std::string SummaryLog(size_t count, const Search& search);
-// What is in force beside the text when nothing was found: "Nothing found. In force: 3 to 5 letters; # is one of [abc]";
-// empty when nothing is.
+// What is in force beside the text when nothing was found: "Nothing found. In force: 3 to 5 letters; # is one of
+// [abc]"; empty when nothing is.
 std::string EmptyListText(const Search& search);
 // "Writing 12 words to file ..."
 std::string WritingStatus(size_t count, const Search& search);

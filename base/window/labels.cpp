@@ -1,9 +1,11 @@
 #include "base/window/labels.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
+#include <QToolTip>
 #include <algorithm>
 #include <cmath>
 
@@ -27,6 +29,41 @@ double Contrast(const QColor& a, const QColor& b) {
   return std::max(one, other) / std::min(one, other);
 }
 
+class AccessibleClickLabel : public QAccessibleWidget {
+ public:
+  explicit AccessibleClickLabel(ClickLabel* label) : QAccessibleWidget(label, QAccessible::Button), label_(label) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? label_->SpokenName() : QAccessibleWidget::text(kind);
+  }
+  QStringList actionNames() const override { return QStringList{pressAction()} + QAccessibleWidget::actionNames(); }
+  // The screen reader does not wait for the dialog that a press may open.
+  void doAction(const QString& action) override {
+    if (action == pressAction()) {
+      QMetaObject::invokeMethod(label_, &ClickLabel::Clicked, Qt::QueuedConnection);
+    } else {
+      QAccessibleWidget::doAction(action);
+    }
+  }
+
+ private:
+  ClickLabel* label_;
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+  if (auto* label = qobject_cast<ClickLabel*>(object)) {
+    return new AccessibleClickLabel(label);
+  }
+  if (auto* note = qobject_cast<NoteLabel*>(object); note != nullptr && note->IsAlert()) {
+    return new QAccessibleWidget(note, QAccessible::AlertMessage);
+  }
+  return nullptr;
+}
+
+void InstallAccessibleLabels() {
+  [[maybe_unused]] static const bool installed = (QAccessible::installFactory(MakeAccessible), true);
+}
+
 }  // namespace
 
 QColor ReadableInk(const QColor& ground) {
@@ -35,10 +72,15 @@ QColor ReadableInk(const QColor& ground) {
 
 ClickLabel::ClickLabel(const QString& name, const QString& text, const QString& toolTip, QWidget* parent)
     : QLabel(text, parent) {
+  InstallAccessibleLabels();
   Named(this, name, toolTip);
   setTextFormat(Qt::PlainText);
   setCursor(Qt::PointingHandCursor);
   setFocusPolicy(Qt::TabFocus);
+}
+
+QString ClickLabel::SpokenName() const {
+  return caption_.isEmpty() ? text() : caption_ + ": " + (text().isEmpty() ? "none" : text());
 }
 
 void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
@@ -93,6 +135,36 @@ void ReadableLabel::paintEvent(QPaintEvent* event) {
     painter.fillRect(plate.adjusted(-3, -1, 3, 1).intersected(rect()), kPlate);
   }
   QLabel::paintEvent(event);
+}
+
+NoteLabel::NoteLabel(const QString& name, bool alert, QWidget* parent) : QLabel(parent), alert_(alert) {
+  InstallAccessibleLabels();
+  setObjectName(name);
+  setTextFormat(Qt::PlainText);
+  setPalette(QToolTip::palette());
+  setBackgroundRole(QPalette::ToolTipBase);
+  setForegroundRole(QPalette::ToolTipText);
+  setAutoFillBackground(true);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  setMargin(1);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  hide();
+}
+
+void NoteLabel::ShowAt(const QPoint& place, Qt::Corner corner, const QString& text) {
+  setText(text);
+  setAccessibleName(text);
+  adjustSize();
+  move(place - QPoint(width(), corner == Qt::TopRightCorner ? 0 : height()));
+  show();
+  if (alert_) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QAccessibleAnnouncementEvent event(this, text);
+#else
+    QAccessibleEvent event(this, QAccessible::Alert);
+#endif
+    QAccessible::updateAccessibility(&event);
+  }
 }
 
 QLabel* MakeReadableLabel(const QString& name, const QString& toolTip, QWidget* parent) {

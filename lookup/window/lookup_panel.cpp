@@ -20,6 +20,7 @@ LookupPanel::LookupPanel(QWidget* parent) : QWidget(parent) {
   cmdWebLink_ = Named(new QPushButton("&Definition (F5)", this), "cmdWebLink",
                       "Click to find out the definition (or thesaurus entry) for the current highlighted word");
   lblWebLink_ = new ClickLabel("lblWebLink", "", "Click here to change the definition online resource!", this);
+  lblWebLink_->SetCaption("Online resource");
   ShowsColour(lblWebLink_, ColourElement::MainText);
   lblWebLink_->setAlignment(Qt::AlignHCenter);
   layout->addWidget(cmdWebLink_);

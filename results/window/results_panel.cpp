@@ -2,9 +2,11 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QDrag>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMimeData>
 #include <QVBoxLayout>
 
 #include "base/window/labels.h"
@@ -18,6 +20,7 @@ namespace quorvane {
 namespace {
 
 constexpr int kFirstListTwips = 3540;
+constexpr size_t kMostDragged = 100'000;  // Entries.
 
 }  // namespace
 
@@ -50,12 +53,18 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   layout->addWidget(lblXofY_);
   model_ = new WordListModel(results_, this);
   lbWordList_->setModel(model_);
-  connect(lbWordList_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ResultsPanel::SelectionChanged);
+  connect(lbWordList_, &WordListView::SelectionSettled, this, &ResultsPanel::SelectionChanged);
   connect(lbWordList_, &QAbstractItemView::clicked, this, &ResultsPanel::SelectionChanged);
   lbWordList_->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(lbWordList_, &QWidget::customContextMenuRequested, this,
           [this](const QPoint& place) { emit MenuRequested(lbWordList_->viewport()->mapToGlobal(place)); });
-  connect(lbWordList_, &QAbstractItemView::doubleClicked, this, &ResultsPanel::EntryDoubleClicked);
+  connect(lbWordList_, &QAbstractItemView::doubleClicked, this, [this] {
+    emit EntryDoubleClicked();
+    lbWordList_->ShowCopied();
+  });
+  connect(lbWordList_, &WordListView::CopyRequested, this, &ResultsPanel::CopySelection);
+  connect(lbWordList_, &WordListView::LeaveRequested, this, &ResultsPanel::LeaveRequested);
+  connect(lbWordList_, &WordListView::DragRequested, this, &ResultsPanel::DragSelected);
 }
 
 void ResultsPanel::ChangeResults(const std::function<void(ResultList&)>& change) {
@@ -86,12 +95,6 @@ void ResultsPanel::FocusList() {
   lbWordList_->setFocus();
 }
 
-void ResultsPanel::CopySelection() {
-  if (const auto selected = Selected()) {
-    QGuiApplication::clipboard()->setText(FromBytes(results_.Entry(*selected)));
-  }
-}
-
 void ResultsPanel::Select(std::optional<size_t> entry) {
   if (entry) {
     lbWordList_->setCurrentIndex(model_->index(static_cast<int>(*entry), 0));
@@ -113,8 +116,27 @@ void ResultsPanel::SetStale(bool stale) {
 }
 
 std::optional<size_t> ResultsPanel::Selected() const {
-  const QModelIndexList selected = lbWordList_->selectionModel()->selectedIndexes();
-  return selected.isEmpty() ? std::nullopt : std::optional(static_cast<size_t>(selected.front().row()));
+  const QModelIndex current = lbWordList_->currentIndex();
+  return lbWordList_->selectionModel()->isSelected(current) ? std::optional(static_cast<size_t>(current.row()))
+                                                            : std::nullopt;
+}
+
+std::vector<std::pair<size_t, size_t>> ResultsPanel::SelectedRanges() const {
+  return lbWordList_->SelectedRanges();
+}
+
+QString ResultsPanel::SelectedText() const {
+  std::string text;
+  for (const auto& [first, end] : SelectedRanges()) {
+    for (size_t i = first; i < end; ++i) {
+      text += (text.empty() ? "" : "\n") + results_.Entry(i);
+    }
+  }
+  return FromBytes(text);
+}
+
+void ResultsPanel::SetEmptyText(const QString& text) {
+  lbWordList_->SetEmptyText(text);
 }
 
 void ResultsPanel::ClearPosition() {
@@ -123,6 +145,27 @@ void ResultsPanel::ClearPosition() {
 
 void ResultsPanel::SetRegionHeight(int height) {
   lbWordList_->SetFirstHeight(height);
+}
+
+void ResultsPanel::CopySelection() {
+  if (const QString text = SelectedText(); !text.isEmpty()) {
+    QGuiApplication::clipboard()->setText(text);
+  }
+}
+
+void ResultsPanel::DragSelected() {
+  size_t count = 0;
+  for (const auto& [first, end] : SelectedRanges()) {
+    count += end - first;
+  }
+  if (count > kMostDragged) {
+    return;
+  }
+  auto* words = new QMimeData;
+  words->setText(SelectedText());
+  auto* drag = new QDrag(lbWordList_);
+  drag->setMimeData(words);
+  drag->exec(Qt::CopyAction);
 }
 
 void ResultsPanel::SelectionChanged() {

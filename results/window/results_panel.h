@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "results/result_list.h"
 
@@ -24,8 +26,14 @@ class ResultsPanel : public QWidget {
   // Around every change of the results, so that the list shows them.
   void ChangeResults(const std::function<void(ResultList&)>& change);
 
-  // The number of the selected entry, from 0.
+  // The number of the current entry, from 0, when it is selected; it is, once anything is.
   std::optional<size_t> Selected() const;
+  // All selected entries, ascending, as runs: the first number and the one behind the last.
+  std::vector<std::pair<size_t, size_t>> SelectedRanges() const;
+  // The selected entries, one a line.
+  QString SelectedText() const;
+  // What the list says while it holds nothing; empty for nothing.
+  void SetEmptyText(const QString& text);
   void ClearPosition();
   // The height of the list's region at its first size, in pixels.
   void SetRegionHeight(int height);
@@ -45,11 +53,13 @@ class ResultsPanel : public QWidget {
   // The word that is selected now; empty for none.
   void EntrySelected(const QString& word);
   void EntryDoubleClicked();
+  void LeaveRequested();
   // The menu of the selected words is wanted at a place on the screen.
   void MenuRequested(const QPoint& place);
 
  private:
   void SelectionChanged();
+  void DragSelected();
 
   ResultList results_;
   WordListModel* model_ = nullptr;

@@ -16,6 +16,9 @@ class WordListModel : public QAbstractListModel {
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  // The next row that begins with a text (MatchStartsWith and MatchWrap) is found without walking an ordered list.
+  QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                        Qt::MatchFlags flags) const override;
 
   void BeginChange() { beginResetModel(); }
   void EndChange() { endResetModel(); }

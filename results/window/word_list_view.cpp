@@ -6,19 +6,29 @@
 #include <QStyleOptionFocusRect>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
+
+#include "base/window/labels.h"
 
 namespace quorvane {
 namespace {
 
 constexpr int kTextIndent = 3;
+constexpr int kCopiedMilliseconds = 1000;
 
 }  // namespace
 
-WordListView::WordListView(QWidget* parent) : QAbstractItemView(parent) {
+WordListView::WordListView(QWidget* parent) : QListView(parent) {
   setVerticalScrollMode(ScrollPerItem);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setEditTriggers(NoEditTriggers);
-  setSelectionMode(SingleSelection);
+  setSelectionMode(ExtendedSelection);
+  lblTyped_ = Described(new NoteLabel("lblTyped", false, this), "lblTyped", "What was typed to find a word");
+  lblCopied_ = new NoteLabel("lblCopied", true, this);
+  typedPause_.setSingleShot(true);
+  copiedTime_.setSingleShot(true);
+  connect(&typedPause_, &QTimer::timeout, this, [this] { ShowTyped({}); });
+  connect(&copiedTime_, &QTimer::timeout, lblCopied_, &QWidget::hide);
 }
 
 void WordListView::SetFirstHeight(int height) {
@@ -31,6 +41,20 @@ void WordListView::SetStale(bool stale) {
     stale_ = stale;
     viewport()->update();
   }
+}
+
+void WordListView::SetEmptyText(const QString& text) {
+  emptyText_ = text;
+  viewport()->update();
+}
+
+void WordListView::ShowCopied() {
+  if (!currentIndex().isValid()) {
+    return;
+  }
+  const QPoint place = viewport()->mapTo(this, visualRect(currentIndex()).topRight());
+  lblCopied_->ShowAt(place, Qt::TopRightCorner, "Copied");
+  copiedTime_.start(kCopiedMilliseconds);
 }
 
 QSize WordListView::sizeHint() const {
@@ -60,6 +84,11 @@ QRect WordListView::visualRect(const QModelIndex& index) const {
   return {0, (index.row() - verticalScrollBar()->value()) * RowHeight(), viewport()->width(), RowHeight()};
 }
 
+int WordListView::RowAt(int y) const {
+  const int row = verticalScrollBar()->value() + static_cast<int>(std::floor(static_cast<double>(y) / RowHeight()));
+  return std::clamp(row, 0, RowCount() - 1);
+}
+
 QModelIndex WordListView::indexAt(const QPoint& point) const {
   const int row = verticalScrollBar()->value() + point.y() / RowHeight();
   return point.y() >= 0 && row < RowCount() ? model()->index(row, 0) : QModelIndex();
@@ -79,50 +108,6 @@ void WordListView::scrollTo(const QModelIndex& index, ScrollHint hint) {
   } else if (hint == PositionAtBottom || row >= first + VisibleRows()) {
     bar->setValue(row - VisibleRows() + 1);
   }
-}
-
-QModelIndex WordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
-  const int rows = RowCount();
-  if (rows == 0) {
-    return {};
-  }
-  // The first key selects the row that has the focus; from there on the keys move.
-  const bool none = !selectionModel()->hasSelection();
-  int row = std::max(currentIndex().row(), 0);
-  switch (action) {
-    case MoveUp:
-    case MovePrevious:
-    case MoveLeft:
-      row -= none ? 0 : 1;
-      break;
-    case MoveDown:
-    case MoveNext:
-    case MoveRight:
-      row += none ? 0 : 1;
-      break;
-    case MovePageUp:
-      row -= VisibleRows();
-      break;
-    case MovePageDown:
-      row += VisibleRows();
-      break;
-    case MoveHome:
-      row = 0;
-      break;
-    case MoveEnd:
-      row = rows - 1;
-      break;
-  }
-  const QModelIndex target = model()->index(std::clamp(row, 0, rows - 1), 0);
-  if (none && target == currentIndex()) {
-    selectionModel()->select(target, QItemSelectionModel::ClearAndSelect);
-  }
-  return target;
-}
-
-// One word is selected, and stays so until another is: neither a click beside the words nor a modifier changes that.
-QItemSelectionModel::SelectionFlags WordListView::selectionCommand(const QModelIndex& index, const QEvent*) const {
-  return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
 QString WordListView::ShownText(const QModelIndex& index) const {
@@ -145,11 +130,6 @@ bool WordListView::isIndexHidden(const QModelIndex&) const {
   return false;
 }
 
-void WordListView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
-  const QModelIndex index = indexAt(rect.bottomRight());
-  selectionModel()->select(index.isValid() ? QItemSelection(index, index) : QItemSelection(), command);
-}
-
 QRegion WordListView::visualRegionForSelection(const QItemSelection& selection) const {
   QRegion region;
   for (const QItemSelectionRange& range : selection) {
@@ -158,30 +138,50 @@ QRegion WordListView::visualRegionForSelection(const QItemSelection& selection) 
   return region;
 }
 
+void WordListView::PaintRow(QPainter& painter, const QModelIndex& index) const {
+  const QRect place = visualRect(index);
+  const QPalette::ColorGroup group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
+  const bool selected = selectionModel()->isSelected(index);
+  if (selected) {
+    painter.fillRect(place, palette().brush(group, QPalette::Highlight));
+  }
+  painter.setPen(palette().color(stale_ && !selected ? QPalette::Disabled : group,
+                                 selected ? QPalette::HighlightedText : QPalette::Text));
+  painter.drawText(place.adjusted(kTextIndent, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   ShownText(index));
+  if (hasFocus() && index == currentIndex()) {
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = place;
+    option.backgroundColor = palette().color(group, selected ? QPalette::Highlight : QPalette::Base);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  }
+}
+
 void WordListView::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
+  if (RowCount() == 0) {
+    // Half way between text and ground, whatever their colours.
+    QColor grey = palette().color(QPalette::Text);
+    grey.setAlphaF(0.5F);
+    painter.setPen(grey);
+    painter.drawText(viewport()->rect().adjusted(kTextIndent, 0, -kTextIndent, 0),
+                     Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
+  }
   const int first = verticalScrollBar()->value();
   const int last = std::min(RowCount() - 1, first + VisibleRows() + 1);
-  const QPalette::ColorGroup group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
   for (int row = first; row <= last; ++row) {
-    const QModelIndex index = model()->index(row, 0);
-    const QRect place = visualRect(index);
-    const bool selected = selectionModel()->isSelected(index);
-    if (selected) {
-      painter.fillRect(place, palette().brush(group, QPalette::Highlight));
-    }
-    painter.setPen(palette().color(stale_ && !selected ? QPalette::Disabled : group,
-                                   selected ? QPalette::HighlightedText : QPalette::Text));
-    painter.drawText(place.adjusted(kTextIndent, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     ShownText(index));
-    if (hasFocus() && index == currentIndex()) {
-      QStyleOptionFocusRect option;
-      option.initFrom(this);
-      option.rect = place;
-      option.backgroundColor = palette().color(group, selected ? QPalette::Highlight : QPalette::Base);
-      style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-    }
+    PaintRow(painter, model()->index(row, 0));
   }
+}
+
+void WordListView::scrollContentsBy(int, int) {
+  lblCopied_->hide();
+  viewport()->update();
+}
+
+void WordListView::doItemsLayout() {
+  QAbstractItemView::doItemsLayout();
 }
 
 void WordListView::updateGeometries() {
@@ -204,7 +204,10 @@ void WordListView::changeEvent(QEvent* event) {
 }
 
 void WordListView::reset() {
-  QAbstractItemView::reset();
+  ShowTyped({});
+  lblCopied_->hide();
+  pressedRow_ = -1;
+  QListView::reset();
   verticalScrollBar()->setValue(0);
   updateGeometries();
 }

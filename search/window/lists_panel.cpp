@@ -40,6 +40,7 @@ ListsPanel::ListsPanel(QWidget* parent) : QWidget(parent) {
   for (const ListLabels& labels : kLabels) {
     auto* literal = new ClickLabel(QString(labels.name) + "Lit", labels.caption, labels.literalToolTip, this);
     auto* list = new ClickLabel(labels.name, "", labels.toolTip, this);
+    list->SetCaption(labels.caption);
     lists_[labels.kind] = list;
     ShowsColour(literal, ColourElement::MainText);
     ShowsColour(list, ColourElement::WordChoiceText);
@@ -57,6 +58,7 @@ ListsPanel::ListsPanel(QWidget* parent) : QWidget(parent) {
   QLabel* caption = MakeLabel("lblLexLit", "Lexicon file in use:", {}, this);
   ShowsColour(caption, ColourElement::MainText);
   lblLex_ = new ClickLabel("lblLex", "", "Current lexicon", this);
+  lblLex_->SetCaption("Lexicon file in use");
   lblLex_->setMinimumWidth(1);
   ShowsColour(lblLex_, ColourElement::MainText);
   layout->addWidget(caption);

@@ -149,8 +149,10 @@ void FrmColourChoice::ShowCustom() {
   }
   const Rgb rgb = Custom();
   boxes_[kCustomBox]->SetColour(QColor(rgb.red, rgb.green, rgb.blue));
-  boxes_[kCustomBox]->setToolTip(CustomToolTip(CustomColourText(rgb)));
-  boxes_[kCustomBox]->setAccessibleName(CustomToolTip(CustomColourText(rgb)));
+  const QString said = CustomToolTip(CustomColourText(rgb));
+  boxes_[kCustomBox]->setToolTip(said);
+  boxes_[kCustomBox]->setAccessibleName(said);
+  boxes_[kCustomBox]->setAccessibleDescription(said);
 }
 
 void FrmColourChoice::Choose(size_t box) {

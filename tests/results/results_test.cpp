@@ -116,6 +116,60 @@ TEST(ResultList, SortsLikePassesOverEveryLength) {
   }
 }
 
+TEST(ResultList, WhatWasTypedIsFoundAsAWalkFindsIt) {
+  std::mt19937 engine(23);
+  const auto some = [&engine](size_t below) { return engine() % below; };
+  const auto text = [&](std::string start, size_t longest) {
+    for (size_t length = some(longest); length > 0; --length) {
+      start += "abAB\xE9\xC9-"[some(7)];
+    }
+    return start;
+  };
+  int ordered = 0;
+  for (int round = 0; round < 150; ++round) {
+    Words words(1 + some(60));
+    for (std::string& word : words) {
+      word = text(some(9) == 0 ? "A" : some(2) == 0 ? "aabbaabb" : "a", 12);
+    }
+    const auto inOrder = [](const auto& a, const auto& b) { return FoldText(a) < FoldText(b); };
+    if (round % 4 != 0) {
+      std::sort(words.begin(), words.end(), inOrder);
+    }
+    const auto lexicon = Load(words);
+    ASSERT_EQ(lexicon->sorted(), std::is_sorted(words.begin(), words.end(), inOrder));
+    std::vector<WordNumber> numbers;
+    for (size_t i = 0; i < words.size(); ++i) {
+      if (some(3) != 0) {
+        numbers.push_back(static_cast<WordNumber>(i + 1));
+      }
+    }
+    if (round % 5 == 0) {
+      std::shuffle(numbers.begin(), numbers.end(), engine);
+    }
+    ResultList list;
+    ScanOutcome outcome;
+    outcome.truncated = round % 3 == 0 && !numbers.empty();
+    outcome.listed = some(numbers.size() + 1);
+    Fill(list, lexicon, numbers, round % 2 == 0, outcome);
+    if (some(2) == 0) {
+      list.Sort(static_cast<SortOrder>(some(3)), some(2) == 0);
+    }
+    const Words entries = EntriesOf(list);
+    ordered += lexicon->sorted() && entries.size() > 9;
+    for (int search = 0; search < 80 && !entries.empty(); ++search) {
+      const std::string typed = search == 0 ? "  *** l" : text(some(2) == 0 ? "aabbaabb" : "a", 4);
+      const size_t from = some(entries.size());
+      std::optional<size_t> walked;
+      for (size_t k = 0; k < entries.size() && !walked; ++k) {
+        const size_t i = (from + k) % entries.size();
+        walked = FoldText(entries[i]).starts_with(FoldText(typed)) ? std::optional(i) : std::nullopt;
+      }
+      ASSERT_EQ(list.FindPrefix(typed, from), walked) << typed << " from " << from << " in round " << round;
+    }
+  }
+  EXPECT_GT(ordered, 50);
+}
+
 TEST(ResultList, ATruncatedListSaysSo) {
   const auto lexicon = Load({"abc", "ac", "ad", "ae"});
   ResultList list;
