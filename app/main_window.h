@@ -74,6 +74,7 @@ class MainWindow : public QMainWindow,
   void ClearPosition() override;
   void SelectEntry(std::optional<size_t> entry) override;
   void ShowLive(const std::string& text, bool stale) override;
+  void ShowReading(const std::string& text) override;
   void ShowList(ListKind kind, const std::string& list) override;
   void ShowListCaption(ListKind kind, const std::string& caption) override;
   void ShowCaption(const std::string& caption) override;
@@ -90,6 +91,7 @@ class MainWindow : public QMainWindow,
   void SetListItalic(bool on) override;
   void SetWide(bool on) override;
   void SetLiveResults(bool on) override;
+  void SetReading(bool on) override;
   ColourScheme& Colours() override { return colours_; }
   // StartUpView
   void SelectOrder(SortOrder order) override;

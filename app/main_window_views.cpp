@@ -173,6 +173,17 @@ void MainWindow::SetLiveResults(bool on) {
   }
 }
 
+void MainWindow::SetReading(bool on) {
+  pattern_->ShowReading({});
+  if (on) {
+    searching_.AskedChanged();
+  }
+}
+
+void MainWindow::ShowReading(const std::string& text) {
+  pattern_->ShowReading(FromBytes(text));
+}
+
 void MainWindow::SelectEntry(std::optional<size_t> entry) {
   results_->Select(entry);
 }

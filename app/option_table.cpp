@@ -41,6 +41,9 @@ constexpr std::array kRows = {
               "Results are shown while you type.", "Results are shown when you ask for them.",
               [](OptionSite& site, EventLog&, bool on) { site.SetLiveResults(on); }, nullptr, Menu::Workbench,
               "Ctrl+R"},
+    OptionRow{Option::Reading, Setting::Reading, "menReading", "&Say what is searched",
+              "What is searched is said beside the letter count.", "What is searched is not said.",
+              [](OptionSite& site, EventLog&, bool on) { site.SetReading(on); }, nullptr, Menu::Workbench},
 };
 static_assert(
     [] {

@@ -13,7 +13,7 @@
 
 namespace quorvane {
 
-enum class Option { AutoSave, Literati, Timer, Log, ListBold, ListItalic, WideScreen, LiveResults };
+enum class Option { AutoSave, Literati, Timer, Log, ListBold, ListItalic, WideScreen, LiveResults, Reading };
 
 // What an option acts on.
 class OptionSite : public virtual View {
@@ -24,6 +24,7 @@ class OptionSite : public virtual View {
   virtual void SetListItalic(bool on) = 0;
   virtual void SetWide(bool on) = 0;
   virtual void SetLiveResults(bool on) = 0;
+  virtual void SetReading(bool on) = 0;
 };
 
 struct OptionRow {

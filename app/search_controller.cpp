@@ -11,6 +11,7 @@
 #include "base/window/qt_text.h"
 #include "results/summary.h"
 #include "results/window/frm_random_disc.h"
+#include "search/reading.h"
 #include "search/search_texts.h"
 #include "search/window/frm_change_list.h"
 
@@ -108,6 +109,9 @@ std::string SearchController::KeptOfCondition(const std::string& text, size_t ca
 }
 
 void SearchController::AskedChanged() {
+  if (session_.options[Option::Reading]) {
+    view_.ShowReading(Reading(view_.Asked()));
+  }
   SearchLive();
 }
 

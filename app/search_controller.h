@@ -34,6 +34,8 @@ class SearchView : public virtual View {
   virtual void ClearPosition() = 0;
   // The entries that are selected and in sight after a change of the list; nothing selects none.
   virtual void SelectEntry(std::optional<size_t> entry) = 0;
+  // What is searched, in words; empty for nothing said.
+  virtual void ShowReading(const std::string& text) = 0;
   // What results while typing say of the text: how many words fit, or "-" over a list that is not the text's.
   virtual void ShowLive(const std::string& text, bool stale) = 0;
 

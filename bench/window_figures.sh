@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The window's figures under Xvfb: key press to painted status, a search of 2,000,000 words to the painted list, and the
+# The window's figures under Xvfb: key press to painted status, a search of 2,000,000 words to the painted list, each key of
+# ten searches with results while typing, and the
 # start over the default lexicon beside that of an empty window (medians of 9 whole processes).
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -16,6 +17,7 @@ until [ -S /tmp/.X11-unix/X97 ]; do :; done
 $bin/make_bench_lexicon "$scratch/bench.lex"
 $bin/window_figures "$scratch/bench.lex" keys
 $bin/window_figures "$scratch/bench.lex" search
+$bin/window_figures "$scratch/bench.lex" live
 
 median_start() {
   for _ in 1 2 3 4 5 6 7 8 9; do

@@ -167,6 +167,18 @@ void NoteLabel::ShowAt(const QPoint& place, Qt::Corner corner, const QString& te
   }
 }
 
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+  style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
+                        foregroundRole());
+}
+
 QLabel* MakeReadableLabel(const QString& name, const QString& toolTip, QWidget* parent) {
   auto* label = new ReadableLabel(parent);
   label->setTextFormat(Qt::PlainText);

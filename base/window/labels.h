@@ -63,6 +63,15 @@ class NoteLabel : public QLabel {
   bool alert_;
 };
 
+// A label that ends a text too long for it in an ellipsis, and asks for no room of its own.
+class ElidedLabel : public QLabel {
+ public:
+  explicit ElidedLabel(QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
 // A label with its name, plain text and, as tooltip and description for a screen reader, what it is.
 QLabel* MakeLabel(const QString& name, const QString& text, const QString& toolTip, QWidget* parent);
 QLabel* MakeReadableLabel(const QString& name, const QString& toolTip, QWidget* parent);

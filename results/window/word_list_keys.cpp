@@ -128,6 +128,13 @@ QItemSelectionModel::SelectionFlags WordListView::selectionCommand(const QModelI
   return QItemSelectionModel::ClearAndSelect;
 }
 
+void WordListView::selectAll() {
+  if (const int rows = RowCount(); rows > 0) {
+    selectionModel()->select(QItemSelection(model()->index(0, 0), model()->index(rows - 1, 0)),
+                             QItemSelectionModel::ClearAndSelect);
+  }
+}
+
 void WordListView::KeepCurrentSelected() {
   if (!selectionModel()->hasSelection() || selectionModel()->isSelected(currentIndex())) {
     return;

@@ -39,6 +39,7 @@ class WordListView : public QListView {
   QSize sizeHint() const override;
   void reset() override;
   void doItemsLayout() override;
+  void selectAll() override;
   // Takes what is typed further and goes to the next row that begins with all of it; letter case does not count.
   void keyboardSearch(const QString& search) override;
 

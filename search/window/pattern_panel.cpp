@@ -50,7 +50,13 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
   layout->addWidget(tbInput_, 0, 1);
   layout->addWidget(btnFindWords_, 0, 2);
   layout->addWidget(exit, 0, 3);
-  layout->addWidget(lblNumLetters_, 1, 1, 1, 3);
+  lblReading_ = Described(new ElidedLabel(this), "lblReading", "What is searched, in words");
+  ShowsColour(lblReading_, ColourElement::MainText);
+  lblReading_->hide();
+  auto* letters = new QHBoxLayout;
+  letters->addWidget(lblNumLetters_);
+  letters->addWidget(lblReading_, 1);
+  layout->addLayout(letters, 1, 1, 1, 3);
   layout->setColumnStretch(1, 1);
 
   auto* modes = new QGridLayout;
@@ -120,6 +126,13 @@ void PatternPanel::TypeOver(const std::string& text) {
 
 void PatternPanel::TypeAtCaret(char character) {
   tbInput_->insert(QString(QChar(character)));
+}
+
+void PatternPanel::ShowReading(const QString& text) {
+  lblReading_->setVisible(!text.isEmpty());
+  lblReading_->setText(text);
+  lblReading_->setToolTip(text);
+  lblReading_->setAccessibleDescription(text);
 }
 
 void PatternPanel::FocusPattern() {

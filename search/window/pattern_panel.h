@@ -13,6 +13,7 @@ class QRadioButton;
 
 namespace quorvane {
 
+class ElidedLabel;
 class PatternBox;
 
 class PatternPanel : public QWidget {
@@ -27,6 +28,8 @@ class PatternPanel : public QWidget {
   void ShowText(const std::string& text, size_t caret);
   void ShowControls(const InputControls& controls);
   void FocusPattern();
+  // What is searched, in words, beside the letter count; elided where it is long.
+  void ShowReading(const QString& text);
   // As if typed: over the whole text, and at the caret.
   void TypeOver(const std::string& text);
   void TypeAtCaret(char character);
@@ -46,6 +49,7 @@ class PatternPanel : public QWidget {
   PatternBox* tbInput_ = nullptr;
   QPushButton* btnFindWords_ = nullptr;
   QLabel* lblNumLetters_ = nullptr;
+  ElidedLabel* lblReading_ = nullptr;
   std::map<WordType, QRadioButton*> modes_;
 };
 

@@ -70,6 +70,27 @@ TEST_F(WorkbenchTest, ResultsWhileTypingShowAndAddNothingElse) {
   EXPECT_FALSE(Find("lblLive")->isVisible());
 }
 
+TEST_F(WorkbenchTest, ConditionsAndTheReading) {
+  ASSERT_TRUE(Start());
+  Item("menReading")->trigger();
+  Search("*a*");
+  EXPECT_FALSE(Text("lblReading").empty());
+  const std::string plain = Text("lblReading");
+  Key(Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClicks(Find("tbNot"), "*t&");
+  QTest::keyClicks(Find("tbWithout"), "b1");
+  EXPECT_EQ(Text("tbNot") + "|" + Text("tbWithout"), "*t|b");
+  EXPECT_NE(Text("lblReading"), plain) << "the reading follows the conditions";
+  QTest::keyClick(Find("tbWithout"), Qt::Key_Return);
+  EXPECT_EQ(Entries(), (Texts{"a", "aha", "kayak", "tea"}));
+  EXPECT_EQ(ReadFile(dir.File("outlist.txt")).substr(0, 79),
+            "4 words found matching the word pattern \"*a*\"\r\n not: *t\r\n without: b\r\n\r\n--- ST");
+  Key(Qt::Key_M, Qt::ControlModifier);
+  QTest::keyClick(Find("tbInput"), Qt::Key_Return);
+  EXPECT_EQ(Entries().size(), 10U) << "a closed row asks for nothing";
+  EXPECT_EQ(Text("tbNot"), "*t");
+}
+
 TEST_F(WorkbenchTest, WordsOutOfTheList) {
   ASSERT_TRUE(Start());
   Search("c?t");
