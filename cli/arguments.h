@@ -1,6 +1,7 @@
 // The command line's options in the form that the commands use.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -22,6 +23,7 @@ struct SearchArguments {
   std::string exclude;
   std::string rack;
   std::string lengthText;
+  std::array<std::vector<std::string>, kConditionKinds> conditions;  // Of each kind those given.
 
   // What is asked for, but for the text.
   Search search;
@@ -39,6 +41,7 @@ struct FindArguments {
   bool upper = false;
   bool count = false;
   bool time = false;
+  bool explain = false;
   bool json = false;
   std::optional<uint32_t> seed;
   std::string saveFile;

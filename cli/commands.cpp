@@ -1,11 +1,14 @@
 #include "cli/commands.h"
 
+#include <algorithm>
+#include <array>
 #include <memory>
 
 #include "cli/explain_command.h"
 #include "cli/find_command.h"
 #include "cli/lexicon_commands.h"
 #include "cli/output.h"
+#include "search/conditions.h"
 #include "search/wildcards.h"
 
 namespace quorvane::cli {
@@ -47,12 +50,41 @@ const CLI::Validator& NotEmpty() {
   return validator;
 }
 
+// The conditions in the order given, whatever their kinds.
+void TakeConditions(const CLI::App& command, const std::array<CLI::Option*, kConditionKinds>& options,
+                    SearchArguments& arguments) {
+  std::array<size_t, kConditionKinds> taken{};
+  for (const CLI::Option* option : command.parse_order()) {
+    const auto i = static_cast<size_t>(std::find(options.begin(), options.end(), option) - options.begin());
+    if (i < options.size()) {
+      arguments.search.conditions.push_back({ConditionKinds()[i].kind, arguments.conditions[i].at(taken[i]++)});
+    }
+  }
+}
+
 void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
-  command->add_option("PATTERN", arguments.pattern, "The pattern, as typed into the window")->required();
+  CLI::Option* pattern = command->add_option("PATTERN", arguments.pattern,
+                                             "The pattern, as typed into the window (with conditions default *)");
   command->add_option("--type", arguments.typeName, WordTypeNames("or"))->capture_default_str();
   command->add_option("--include", arguments.include, "Characters that # stands for (default a-z)");
   command->add_option("--exclude", arguments.exclude, "Characters that ! does not stand for (default none)");
   command->add_option("--rack", arguments.rack, "Tiles that = stands for; - and ? are blanks (default none)");
+  std::array<CLI::Option*, kConditionKinds> options{};
+  for (size_t i = 0; i < kConditionKinds; ++i) {
+    const ConditionFacts& facts = ConditionKinds()[i];
+    options[i] = command->add_option("--" + std::string(facts.option), arguments.conditions[i], std::string(facts.help))
+                     ->expected(1)
+                     ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  }
+  command->parse_complete_callback([=, &arguments] {
+    TakeConditions(*command, options, arguments);
+    if (pattern->count() == 0 && arguments.search.conditions.empty()) {
+      throw CLI::RequiredError(pattern->get_name());
+    }
+    if (pattern->count() == 0) {
+      arguments.pattern = "*";
+    }
+  });
 }
 
 void AddLexiconOptions(CLI::App* command, std::string& lexicon, std::string& dataDir) {
@@ -90,6 +122,7 @@ CommandLine AddFind(CLI::App& app) {
   command->add_option("--color", find->colourName, "The pattern's own letters in bold: " + ColourNames("or"))
       ->capture_default_str();
   command->add_flag("--strict", find->strict, "Refuse a pattern of which characters would be dropped");
+  command->add_flag("--explain", find->explain, "Say the search in words on standard error");
   command->add_flag("--time", find->time, "Print the time of the search on standard error");
   command->add_flag("--json", find->json, "One JSON object a line");
   command->add_option("--seed", find->seed, "Seed of random words")->check(NotEmpty());

@@ -2,7 +2,9 @@
 
 #include "cli/json.h"
 #include "cli/output.h"
+#include "search/conditions.h"
 #include "search/input_check.h"
+#include "search/reading.h"
 
 namespace quorvane::cli {
 
@@ -36,6 +38,9 @@ int Explain(const SearchArguments& arguments, bool paste) {
   }
   const InputControls& controls = question.controls;
   const PreparedPattern prepared = PreparePattern(question.text, controls.selected);
+  Search search = arguments.search;
+  search.text = question.text;
+  search.mode = controls.selected;
   Output output;
   output.Write(JsonObject()
                    .Text("text", question.text)
@@ -50,6 +55,8 @@ int Explain(const SearchArguments& arguments, bool paste) {
                    .Number("beeps", beeps)
                    .Text("prepared", prepared.refusal ? "***" : prepared.text)
                    .Number("kind", static_cast<int>(prepared.kind))
+                   .TextsIfAny("conditions", ConditionTexts(search))
+                   .Text("reading", Reading(search))
                    .Line());
   return output.Finish(kFound);
 }

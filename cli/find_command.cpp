@@ -21,7 +21,9 @@
 #include "results/results_file.h"
 #include "results/search_run.h"
 #include "results/summary.h"
+#include "search/conditions.h"
 #include "search/input_check.h"
+#include "search/reading.h"
 #include "search/search_texts.h"
 
 namespace quorvane::cli {
@@ -189,6 +191,9 @@ class FindRun {
       results_.Sort(arguments_.order, arguments_.upper);
     }
     const std::string summary = SummaryStatus(results_.FoundCount(), search);
+    if (arguments_.explain) {
+      Note(Reading(search));
+    }
     Note(summary);
     // Before the words are shown: a reader may go away while they are.
     const bool saved = Save(search);
@@ -213,7 +218,7 @@ class FindRun {
     words.numbers =
         words.numbers.first(std::min(words.numbers.size(), arguments_.limit.value_or(words.numbers.size())));
     if (arguments_.json) {
-      ShowJson(typed, run.Prepared(), summary, elapsed, words);
+      ShowJson(typed, run, summary, elapsed, words);
     } else if (arguments_.count) {
       output_.Write(std::to_string(results_.FoundCount()) + "\n");
     } else if (arguments_.limit == size_t{0}) {
@@ -226,12 +231,13 @@ class FindRun {
     }
   }
 
-  void ShowJson(const std::string& typed, const PreparedPattern& prepared, const std::string& summary, double elapsed,
+  void ShowJson(const std::string& typed, const SearchRun& run, const std::string& summary, double elapsed,
                 const WordSequence& words) {
     JsonObject object;
     object.Text("pattern", typed)
-        .Text("prepared", prepared.text)
-        .Number("kind", static_cast<int>(prepared.kind))
+        .Text("prepared", run.Prepared().text)
+        .Number("kind", static_cast<int>(run.Prepared().kind))
+        .TextsIfAny("conditions", ConditionTexts(run.Asked()))
         .Number("count", static_cast<int64_t>(results_.FoundCount()))
         .Text("status", summary)
         .Milliseconds("ms", elapsed);

@@ -81,6 +81,17 @@ JsonObject& JsonObject::Numbers(std::string_view key, std::span<const int32_t> v
   return *this;
 }
 
+JsonObject& JsonObject::TextsIfAny(std::string_view key, const std::vector<std::string>& texts) {
+  if (texts.empty()) {
+    return *this;
+  }
+  BeginTexts(key);
+  for (const std::string& text : texts) {
+    Item(text);
+  }
+  return EndTexts();
+}
+
 JsonObject& JsonObject::BeginTexts(std::string_view key) {
   Key(key);
   line_ += '[';

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvane::cli {
 
@@ -16,6 +17,9 @@ class JsonObject {
   JsonObject& Milliseconds(std::string_view key, double value);
   JsonObject& Flag(std::string_view key, bool value);
   JsonObject& Numbers(std::string_view key, std::span<const int32_t> values);
+
+  // A list of texts; nothing when there are none.
+  JsonObject& TextsIfAny(std::string_view key, const std::vector<std::string>& texts);
 
   // A list of texts, one at a time: BeginTexts, Item..., EndTexts.
   JsonObject& BeginTexts(std::string_view key);

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "results/summary.h"
+#include "search/conditions.h"
 
 namespace quorvane {
 namespace {
@@ -169,11 +170,14 @@ class Layout {
 
   std::vector<std::string> Legends() const {
     std::vector<std::string> legends;
+    const std::vector<ListKind> named = ListsNamedIn(input_.search);
     for (const ListKind kind : kLegendOrder) {
-      const ListFacts& facts = FactsOf(kind);
-      if (input_.search.text.find(facts.wildcard) != std::string::npos) {
-        legends.push_back(std::string(facts.printLegend) + BracketForm(input_.search.lists.Of(kind)));
+      if (std::find(named.begin(), named.end(), kind) != named.end()) {
+        legends.push_back(std::string(FactsOf(kind).printLegend) + BracketForm(input_.search.lists.Of(kind)));
       }
+    }
+    for (std::string& condition : ConditionTexts(input_.search)) {
+      legends.push_back(std::move(condition));
     }
     return legends;
   }

@@ -52,8 +52,8 @@ std::optional<FileError> WriteResultsFile(const std::string& path, const Search&
     for (const ListKind kind : ListsNamedIn(said)) {
       WriteLine(out, std::string(FactsOf(kind).fileLegend) + BracketForm(said.lists.Of(kind)));
     }
-    for (const Condition& condition : said.conditions) {
-      WriteLine(out, " " + ConditionText(condition));
+    for (const std::string& condition : ConditionTexts(said)) {
+      WriteLine(out, " " + condition);
     }
     if (results.FoundCount() < 1) {
       return;

@@ -1,5 +1,7 @@
 #include "results/search_run.h"
 
+#include "base/text.h"
+
 namespace quorvane {
 
 SearchRun::SearchRun(Search search)
@@ -8,8 +10,8 @@ SearchRun::SearchRun(Search search)
   conditions_ = std::move(conditions.all);
   if (conditions.refusal && !prepared_.refusal) {
     refusedCondition_ = conditions.refusal->index;
-    const std::string text =
-        "Condition '" + ConditionText(search_.conditions[*refusedCondition_]) + "': " + conditions.refusal->why;
+    const std::string condition = QuotedText(ConditionText(search_.conditions[*refusedCondition_]));
+    const std::string text = "Condition '" + condition + "': " + conditions.refusal->why;
     prepared_.refusal = PatternRefusal{text, text};
   }
 }

@@ -20,6 +20,7 @@ constexpr std::array kFacts = {
     ConditionFacts{From, "from", "from tiles", false, "Words of these tiles, each used once; - and ? are blanks"},
 };
 
+static_assert(kFacts.size() == kConditionKinds);
 static_assert([] {
   for (size_t i = 0; i < kFacts.size(); ++i) {
     if (kFacts[i].kind != static_cast<ConditionKind>(i)) {
@@ -39,6 +40,9 @@ std::optional<std::string> PatternProblem(const std::string& text, const Charact
   }
   if (text.starts_with('~')) {
     return std::string(kNoRandomCondition);
+  }
+  if (text.size() > kMaxPatternLength) {
+    return "it has more than " + FormatThousands(kMaxPatternLength) + " characters";
   }
   const InputAnswer answer = CheckInput({text, text.size(), {}}, lists);
   if (answer.beeps > 0 || (!answer.controls.canSearch && answer.text == text)) {
@@ -110,6 +114,12 @@ const ConditionFacts& FactsOf(ConditionKind kind) {
 
 std::string ConditionText(const Condition& condition) {
   return std::string(FactsOf(condition.kind).legend) + ": " + condition.text;
+}
+
+std::vector<std::string> ConditionTexts(const Search& search) {
+  std::vector<std::string> texts;
+  std::transform(search.conditions.begin(), search.conditions.end(), std::back_inserter(texts), ConditionText);
+  return texts;
 }
 
 std::vector<ListKind> ListsNamedIn(const Search& search) {

@@ -27,6 +27,7 @@ const ConditionFacts& FactsOf(ConditionKind kind);
 
 // "not: *s", as files, pages and messages have it.
 std::string ConditionText(const Condition& condition);
+std::vector<std::string> ConditionTexts(const Search& search);
 
 // The lists whose wildcards occur in the search's text or in a condition's pattern, in the order of the results file.
 std::vector<ListKind> ListsNamedIn(const Search& search);

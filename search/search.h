@@ -2,6 +2,7 @@
 // it.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,7 @@ struct LengthRange {
 // What a condition asks of a word: that it fits a pattern, or does not; that it holds all letters of the text, each as
 // often as it stands there; that it holds none of them; that it can be laid with the text's tiles, each once.
 enum class ConditionKind { And, Not, With, Without, From };
+inline constexpr size_t kConditionKinds = 5;
 
 struct Condition {
   ConditionKind kind = ConditionKind::And;

@@ -59,3 +59,48 @@ PATTERNS = [
 ]
 # Its time is compared with PART's and not with the peers', its count like every other.
 PART_OF_SETS = Pattern("*@$@$@$*", (VOWEL + CONSONANT) * 3)
+
+
+@dataclass(frozen=True)
+class Mixture:
+    """A search with conditions; the stages of a pipe of rg that leave the same lines, of which the last counts; and the
+    searches that it is made of, each alone."""
+
+    text: str
+    options: tuple
+    pipe: tuple
+    alone: tuple  # (pattern, option...)
+
+    @property
+    def name(self):
+        return " ".join((self.text, *self.options))
+
+
+FOUR = Mixture(
+    "*", ("--and", "?a*", "--not", "*s", "--with", "e"),
+    (("-e", "^.a"), ("-v", "-e", r"s\r$"), ("-c", "-e", "e")),
+    (("*",), ("?a*",), ("*s",), (";e",)),
+)
+MIXTURES = [
+    FOUR,
+    Mixture(
+        "*", ("--length", "7", "--with", "abc", "--without", "d"),
+        (("-e", r"^.{7}\r$"), ("-e", "a"), ("-e", "b"), ("-e", "c"), ("-v", "-c", "-e", "d")),
+        (("*", "--length", "7"), (";abc~",), ("*", "--without", "d")),
+    ),
+    Mixture(
+        "*ing", ("--and", "*ell*", "--not", "un*"),
+        (("-e", r"ing\r$"), ("-e", "ell"), ("-v", "-c", "-e", "^un")),
+        (("*ing",), ("*ell*",), ("un*",)),
+    ),
+    Mixture(
+        "*e*", ("--not", "%2ss>", "--and", "*@$@$@$*"),
+        (("-e", "e"), ("-v", "-e", "sss|ss.*ss"), ("-c", "-e", (VOWEL + CONSONANT) * 3)),
+        (("*e*",), ("%2ss>",), ("*@$@$@$*",)),
+    ),
+    Mixture(
+        "*c*", ("--from", "aeinrt?c", "--not", "*t"),
+        (("-e", "c"), ("-P", "-e", r"^(?=.{1,8}\r$)(?=(?:(?!(.).*\1)[aeinrtc])*(?:.?|))" + r".*\r$"), ("-v", "-c", "-e", r"t\r$")),
+        (("*c*",), ("*", "--from", "aeinrt?c"), ("*t",)),
+    ),
+]
