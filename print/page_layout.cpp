@@ -230,8 +230,10 @@ std::vector<PlacedText> LayOutPages(const PageLayoutInput& input) {
 }
 
 std::span<const PlacedText> TextsOfPage(std::span<const PlacedText> texts, int page) {
-  const auto found = std::ranges::equal_range(texts, page, {}, &PlacedText::page);
-  return {found.begin(), found.end()};
+  const auto first =
+      std::partition_point(texts.begin(), texts.end(), [&](const PlacedText& t) { return t.page < page; });
+  const auto last = std::partition_point(first, texts.end(), [&](const PlacedText& t) { return t.page == page; });
+  return {first, last};
 }
 
 }  // namespace quorvane
