@@ -241,7 +241,7 @@ std::optional<FileError> IniStore::Write() {
   if (!whole) {
     return FileError{MakeRunTimeError(kErrorDiskFull), path, "it could not be written whole"};
   }
-  const auto failure = ReplaceFile(path, [&bytes](FileWriter& out) { out.Write(bytes); });
+  auto failure = ReplaceFile(path, [&bytes](FileWriter& out) { out.Write(bytes); });
   if (!failure) {
     values_ = std::move(written);
   }

@@ -30,21 +30,12 @@ bool InsideTheLanguage(const std::string& text, size_t tiles) {
                                  : IsPlain(text, tiles);
 }
 
-WordType Choose(FuzzedDataProvider& data, const InputControls& controls) {
-  const WordType type =
-      data.PickValueInArray({WordType::WordList, WordType::Palindrome, WordType::Anagram, WordType::AnagramExact});
-  const bool allowed = type == WordType::Palindrome ? controls.palindrome : !IsAnagram(type) || controls.anagrams;
-  return allowed ? type : WordType::WordList;
-}
-
-void CheckAnswer(const InputQuestion& asked, const CharacterLists& lists) {
+InputAnswer CheckedAnswer(const InputQuestion& asked, const CharacterLists& lists) {
   const InputAnswer answer = CheckInput(asked, lists);
   Demand(!answer.error, "no error where the caret lies in the text");
   Demand(answer.caret <= answer.text.size(), "the caret lies in the text");
-  Demand(InsideTheLanguage(answer.text, lists.scrabble.size()),
-         "inside the language: " + asked.text + " -> " + answer.text);
-  const bool anagram = IsAnagram(answer.controls.selected);
-  Demand(!anagram || answer.controls.anagrams, "what is selected is allowed: " + asked.text + " -> " + answer.text);
+  Demand(InsideTheLanguage(answer.text, lists.scrabble.size()), "inside the language: " + answer.text);
+  Demand(!IsAnagram(answer.controls.selected) || answer.controls.anagrams, "what is selected is allowed");
   const InputAnswer again = CheckInput({answer.text, answer.caret, answer.controls}, lists);
   // A letter sequence puts the caret to its end at each look.
   Demand(again.text == answer.text && (again.caret == answer.caret || answer.text[0] == '%') &&
@@ -55,6 +46,7 @@ void CheckAnswer(const InputQuestion& asked, const CharacterLists& lists) {
   Demand(a.selected == b.selected && a.noun == b.noun && a.letters == b.letters && a.canSearch == b.canSearch &&
              a.anagrams == b.anagrams && a.palindrome == b.palindrome && a.saveAsLexicon == b.saveAsLexicon,
          "and so do the controls: " + answer.text);
+  return answer;
 }
 
 }  // namespace
@@ -69,28 +61,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
   while (data.remaining_bytes() > 0) {
     std::string& text = question.text;
     const size_t at = data.ConsumeIntegralInRange<size_t>(0, text.size());
-    switch (data.ConsumeIntegralInRange(0, 4)) {
-      case 0:
-        SelectWordType(question.controls, Choose(data, question.controls));
-        break;
-      case 1:
-        text.erase(at, data.ConsumeIntegralInRange<size_t>(1, 4));
-        question.caret = at;
-        break;
-      case 2: {
-        const std::string any = data.ConsumeRandomLengthString(20);
-        text.insert(at, any);
-        question.caret = at + any.size();
-        break;
+    const int edit = data.ConsumeIntegralInRange(0, 4);
+    if (edit == 0) {
+      const auto type = static_cast<WordType>(data.ConsumeIntegralInRange(0, 3));
+      if (IsAnagram(type) ? question.controls.anagrams : question.controls.palindrome) {
+        SelectWordType(question.controls, type);
       }
-      default: {
-        const std::string typed = TextOf(data, "aeStz**?-@$',:#!==112233%~;>09 .", 6);
-        text.insert(at, typed);
-        question.caret = at + typed.size();
-      }
+    } else if (edit == 1) {
+      text.erase(at, data.ConsumeIntegralInRange<size_t>(1, 4));
+      question.caret = at;
+    } else {
+      const std::string typed =
+          edit == 2 ? data.ConsumeRandomLengthString(20) : TextOf(data, "aeStz**?-@$',:#!==112233%~;>09 .", 6);
+      text.insert(at, typed);
+      question.caret = at + typed.size();
     }
-    CheckAnswer(question, lists);
-    InputAnswer answer = CheckInput(question, lists);
+    InputAnswer answer = CheckedAnswer(question, lists);
     question = {std::move(answer.text), answer.caret, std::move(answer.controls)};
   }
   return 0;

@@ -1,5 +1,5 @@
 // What the start makes of damaged settings and of any old initialisation file.
-#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <map>
 #include <regex>
@@ -17,20 +17,10 @@ namespace fs = std::filesystem;
 
 // Values that name no file outside the program's directory.
 std::string Value(FuzzedDataProvider& data) {
-  std::string value;
-  switch (data.ConsumeIntegralInRange(0, 3)) {
-    case 0:
-      value =
-          data.PickValueInArray({"Yes", "No", "NotFound", "", "Fixed", "0", "60", "-1", "99999999999", "&H8000000F"});
-      break;
-    case 1:
-      value = "&H" + TextOf(data, "0123456789abcdefABCDEF&Hx", 10);
-      break;
-    default:
-      value = data.ConsumeRandomLengthString(40);
-  }
-  std::replace_if(
-      value.begin(), value.end(), [](char c) { return c == '/' || c == '\\' || c == '\0'; }, '_');
+  constexpr std::array kValues = {"Yes", "NotFound", "", "Fixed", "0", "61", "99999999999", "&H8000000F"};
+  const bool any = data.ConsumeBool();
+  std::string value = any ? data.ConsumeRandomLengthString(40) : data.PickValueInArray(kValues);
+  std::erase_if(value, [](char c) { return c == '/' || c == '\\' || c == '\0'; });
   return value;
 }
 
