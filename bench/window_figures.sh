@@ -18,6 +18,7 @@ $bin/make_bench_lexicon "$scratch/bench.lex"
 $bin/window_figures "$scratch/bench.lex" keys
 $bin/window_figures "$scratch/bench.lex" search
 $bin/window_figures "$scratch/bench.lex" live
+$bin/window_figures "$scratch/bench.lex" list
 
 median_start() {
   for _ in 1 2 3 4 5 6 7 8 9; do

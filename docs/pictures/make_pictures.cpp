@@ -2,9 +2,11 @@
 // every dialog it opens. The same code draws the same pixels twice on one machine: what differs from run to run is
 // handed in. Usage: make_pictures DIRECTORY LEXICON HOME CLOCK BUILT [PREFIX [dark]]. HOME is made anew and holds the
 // program's folder; CLOCK is the time that the program sees, "2026-03-05T14:07:09"; BUILT is the build date that the
-// about box shows. Another scale: QT_SCALE_FACTOR.
+// about box shows. Another scale: QT_SCALE_FACTOR. What a screen reader sees of the window after a search is written
+// beside the pictures, in "tree.txt".
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QDateTime>
@@ -14,6 +16,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMetaEnum>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -98,6 +101,36 @@ class PictureDoor : public ScreenDoor {
   QString lexicon_;
 };
 
+constexpr int kMostRows = 5;  // Of a list, in the description.
+
+// A line for what a screen reader sees: role, name, value, state; then its children, indented.
+void Describe(QAccessibleInterface* seen, const QString& indent, std::ostream& out) {
+  const QAccessible::State state = seen->state();
+  if (state.invisible != 0) {
+    return;
+  }
+  const QString name = seen->text(QAccessible::Name);
+  const QString value = seen->text(QAccessible::Value);
+  QString line = indent + QMetaEnum::fromType<QAccessible::Role>().valueToKey(seen->role());
+  line += name.isEmpty() ? "" : " \"" + name.trimmed() + '"';
+  line += value.isEmpty() || value == name ? "" : " = " + value;
+  for (const auto& [is, word] : {std::pair{state.focused, ", focused"},
+                                 {state.selected, ", selected"},
+                                 {state.checked, ", checked"},
+                                 {state.disabled, ", disabled"}}) {
+    line += is != 0 ? word : "";
+  }
+  out << ToText(line.replace('\n', ' ')) << '\n';
+  const int children = seen->childCount();
+  const int described = seen->role() == QAccessible::List ? std::min(children, kMostRows) : children;
+  for (int i = 0; i < described; ++i) {
+    Describe(seen->child(i), indent + "  ", out);
+  }
+  if (described < children) {
+    out << ToText(indent) << "  ... " << children << " rows\n";
+  }
+}
+
 class FirstWords : public RandomSource {
  public:
   double NextFraction() override { return fraction_ += 0.013; }
@@ -110,7 +143,8 @@ class Studio {
  public:
   Studio(const QString& directory, const QString& lexicon, const QString& home, const LocalClock& clock,
          const QString& built, const QString& prefix)
-      : folder_(home),
+      : directory_(directory),
+        folder_(home),
         door_(directory, prefix, built),
         settings_(folder_.filePath("quorvane.conf"), [](const FileError&) {}),
         log_(ToText(folder_.filePath("quorvane.log")), clock, [](const FileError&) {}),
@@ -133,6 +167,8 @@ class Studio {
     auto* list = window_->findChild<QAbstractItemView*>("lbWordList");
     list->setCurrentIndex(list->model()->index(3, 0));
     Save("search");
+    std::ofstream tree(ToText(QDir(directory_).filePath("tree.txt")));
+    Describe(QAccessible::queryAccessibleInterface(window_.get()), {}, tree);
     Type("=============");
     Save("refusal_scrabble");
     Search("listen");
@@ -200,6 +236,7 @@ class Studio {
     Save("reset_colours");
   }
 
+  QString directory_;
   Home folder_;
   PictureDoor door_;
   IniStore settings_;

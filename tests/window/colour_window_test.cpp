@@ -93,7 +93,8 @@ TEST_F(ColourWindowTest, TheWindowsWaysToChoose) {
          drag("sliGreen", 0xAB)(dialog);
          drag("sliBlue", 255)(dialog);
          EXPECT_EQ(ToText(In<QLineEdit>(dialog, "tbRed")->text()), "01");
-         EXPECT_EQ(ToText(In(dialog, "picColour_32")->toolTip()), "Custom colour - FFAB01");
+         EXPECT_EQ(ToText(In(dialog, "picColour_32")->accessibleDescription()), "Custom colour - FFAB01");
+         EXPECT_EQ(In(dialog, "picColour_32")->toolTip(), In(dialog, "picColour_32")->accessibleDescription());
          ClickOn(In(dialog, "cmdCustom"));
        },
        "&H00FFAB01", "FFAB01"},
