@@ -7,6 +7,7 @@
 #include "cli/explain_command.h"
 #include "cli/find_command.h"
 #include "cli/lexicon_commands.h"
+#include "cli/make_command.h"
 #include "cli/output.h"
 #include "search/conditions.h"
 #include "search/wildcards.h"
@@ -169,15 +170,18 @@ CommandLine AddCheck(CLI::App& lexicon) {
 }
 
 CommandLine AddMake(CLI::App& lexicon) {
-  struct Options {
-    std::vector<std::string> inputs;
-    std::string output;
-  };
-  auto options = std::make_shared<Options>();
-  CLI::App* command = lexicon.add_subcommand("make", "Make a lexicon of plain word lists");
-  command->add_option("INPUT", options->inputs, "Word lists (-: standard input)")->required();
-  command->add_option("-o", options->output, "The lexicon file to write")->required();
-  return {command, [options] { return MakeLexicon(options->inputs, options->output); }};
+  auto make = std::make_shared<MakeArguments>();
+  CLI::App* command = lexicon.add_subcommand("make", "Make a lexicon of word lists");
+  command->add_option("INPUT", make->inputs, "Word lists (-: standard input)")->required();
+  command->add_option("-o", make->output, "The lexicon file to write")->required();
+  command->add_option("--column", make->column, "Which column holds the words, from 1")->capture_default_str();
+  command->add_option("--separator", make->separatorName,
+                      SeparatorNames("or") + ", or the character itself (default any; auto with --column or --phrases)");
+  command->add_flag("--heading", make->heading, "The first line of each list is a heading");
+  command->add_option("--phrases", make->phrasesName,
+                      "What becomes of several words in a column: " + PhrasesNames("or"))
+      ->capture_default_str();
+  return {command, [make] { return Settled(*make) ? MakeLexicon(*make) : kFailed; }};
 }
 
 }  // namespace

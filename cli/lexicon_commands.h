@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "lexicon/lexicon.h"
 
@@ -19,7 +18,5 @@ std::optional<std::string> LexiconPath(const std::string& lexicon, const std::st
 // Each returns the exit status.
 int ShowStatistics(const std::string& lexicon, const std::string& dataDir);
 int CheckLexicon(const std::string& path, bool json);
-// An input "-" is standard input.
-int MakeLexicon(const std::vector<std::string>& inputs, const std::string& outputPath);
 
 }  // namespace quorvane::cli
