@@ -107,6 +107,28 @@ int ShowStatistics(const std::string& lexicon, const std::string& dataDir) {
   return output.Finish(kFound);
 }
 
+int ListLexicons(const std::string& dataDir) {
+  Output output;
+  const ProgramDirectory directory = SettleProgramDirectory(ProgramDirectoryInputOfProcess(dataDir));
+  if (directory.problem) {
+    Complain(directory.problem->Text());
+    return kFailed;
+  }
+  const std::vector<std::string> names = LexiconFilesIn(directory.path);
+  for (const std::string& name : names) {
+    const std::string path = JoinPath(directory.path, name);
+    const auto irregular = NotRegular(path);
+    const LoadResult loaded = irregular ? LoadResult{} : LoadLexicon(path, kLexiconCapacity, TextSource::Map);
+    if (loaded.outcome != LoadOutcome::Ok) {
+      Complain(irregular ? irregular->Text() : DescribeLoad(path, loaded));
+    }
+    if (loaded.Usable()) {
+      output.Write(PadLeft(FormatThousands(loaded.count), 9) + "  " + name + "\n");
+    }
+  }
+  return output.Finish(names.empty() ? kNothingFound : kFound);
+}
+
 int CheckLexicon(const std::string& path, bool json) {
   Output output;
   const LoadResult loaded = LoadLexicon(path);

@@ -17,6 +17,8 @@ std::optional<std::string> LexiconPath(const std::string& lexicon, const std::st
 
 // Each returns the exit status.
 int ShowStatistics(const std::string& lexicon, const std::string& dataDir);
+// A line for each lexicon of the program's directory: its name and count, or what is wrong with it.
+int ListLexicons(const std::string& dataDir);
 int CheckLexicon(const std::string& path, bool json);
 
 }  // namespace quorvane::cli
