@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <array>
+#include <cstring>
 
 namespace quorvane {
 namespace {
@@ -85,8 +86,15 @@ int32_t NextCodePoint(std::string_view text, size_t& i) {
 }
 
 bool IsUtf8(std::string_view text) {
+  constexpr uint64_t kTopBits = 0x8080808080808080u;
   for (size_t i = 0; i < text.size();) {
-    if (NextCodePoint(text, i) < 0) {
+    uint64_t eight = kTopBits;
+    if (i + sizeof eight <= text.size()) {
+      std::memcpy(&eight, text.data() + i, sizeof eight);
+    }
+    if ((eight & kTopBits) == 0) {
+      i += sizeof eight;
+    } else if (NextCodePoint(text, i) < 0) {
       return false;
     }
   }

@@ -126,6 +126,9 @@ std::optional<std::string> FindArguments::Settle() {
     return std::string(saveFile.empty() ? "--save-lexicon" : "--save") +
            " saves one search; it does not go with find -";
   }
+  if (FromStandardInput() && std::find(wordLists.begin(), wordLists.end(), "-") != wordLists.end()) {
+    return "standard input is either the patterns or the list";
+  }
   return std::nullopt;
 }
 

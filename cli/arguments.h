@@ -37,6 +37,8 @@ struct FindArguments {
   SearchArguments asked;
   std::string lexicon;
   std::string dataDir;
+  std::vector<std::string> wordLists;  // Searched instead of a lexicon.
+  std::string named;                   // A search of the history, asked for instead of a pattern.
   std::string sortName = "alpha";
   bool upper = false;
   bool count = false;
@@ -55,7 +57,7 @@ struct FindArguments {
   ExportFormat format = ExportFormat::Lines;
   std::optional<size_t> limit;  // How many words are shown.
   Colour colour = Colour::Auto;
-  bool FromStandardInput() const { return asked.pattern == "-"; }
+  bool FromStandardInput() const { return named.empty() && asked.pattern == "-"; }
   std::optional<std::string> Settle();
 
  private:

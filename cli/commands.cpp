@@ -6,7 +6,10 @@
 
 #include "cli/explain_command.h"
 #include "cli/find_command.h"
+#include "cli/has_command.h"
+#include "cli/history_command.h"
 #include "cli/lexicon_commands.h"
+#include "cli/make_command.h"
 #include "cli/output.h"
 #include "search/conditions.h"
 #include "search/wildcards.h"
@@ -95,6 +98,29 @@ void AddLexiconOptions(CLI::App* command, std::string& lexicon, std::string& dat
   command->add_option("--data-dir", dataDir, "The program's directory")->check(NotEmpty());
 }
 
+// Lists instead of a lexicon; each takes one value, so that a pattern may follow.
+void AddListOption(CLI::App* command, std::vector<std::string>& lists) {
+  command->add_option("--words", lists, "Word list instead of a lexicon, in any order (-: standard input; repeatable)")
+      ->allow_extra_args(false)
+      ->check(NotEmpty())
+      ->excludes("--lexicon");
+}
+
+// A search of the history instead of a pattern and what goes with it.
+void AddNamedOption(CLI::App* command, std::string& named) {
+  CLI::Option* pattern = command->get_option("PATTERN")->required(false);
+  CLI::Option* option = command->add_option("--named", named, "Run the search of that name in the history instead");
+  option->check(NotEmpty())->excludes(pattern);
+  for (const char* other : {"--type", "--include", "--exclude", "--rack", "--length"}) {
+    option->excludes(other);
+  }
+  command->callback([pattern, option] {
+    if (pattern->count() + option->count() == 0) {
+      throw CLI::RequiredError(pattern->get_name());
+    }
+  });
+}
+
 // What is wrong with the values, said; true when nothing is.
 template <class Arguments>
 bool Settled(Arguments& arguments) {
@@ -128,7 +154,12 @@ CommandLine AddFind(CLI::App& app) {
   command->add_option("--seed", find->seed, "Seed of random words")->check(NotEmpty());
   command->add_option("--save", find->saveFile, "Also write the results file")->check(NotEmpty());
   command->add_option("--save-lexicon", find->saveLexicon, "Also write the words as a lexicon file")->check(NotEmpty());
-  return {command, [find] { return Settled(*find) ? Find(*find) : kFailed; }};
+  AddListOption(command, find->wordLists);
+  AddNamedOption(command, find->named);
+  return {command, [find] {
+            const bool ready = Settled(*find) && (find->named.empty() || TakeNamed(*find));
+            return ready ? Find(*find) : kFailed;
+          }};
 }
 
 CommandLine AddExplain(CLI::App& app) {
@@ -156,6 +187,38 @@ CommandLine AddStats(CLI::App& app) {
   return {command, [options] { return ShowStatistics(options->lexicon, options->dataDir); }};
 }
 
+CommandLine AddHas(CLI::App& app) {
+  auto has = std::make_shared<HasArguments>();
+  CLI::App* command = app.add_subcommand("has",
+                                         "Say of each word whether it is in the lexicon (-: each line of "
+                                         "standard input)");
+  command->footer("Exit status: 0 all words are in it, 1 not all, 2 something failed.");
+  command->add_option("WORD", has->words, "Words; letter case does not count")->required();
+  AddLexiconOptions(command, has->lexicon, has->dataDir);
+  AddListOption(command, has->wordLists);
+  return {command, [has] { return Has(*has); }};
+}
+
+CommandLine AddHistory(CLI::App& app) {
+  struct Options {
+    std::string dataDir;
+    bool json = false;
+  };
+  auto options = std::make_shared<Options>();
+  CLI::App* command = app.add_subcommand("history", "List the window's searches, newest last");
+  command->footer("Exit status: 0 searches were listed, 1 none, 2 something failed.");
+  command->add_flag("--json", options->json, "One JSON object a line");
+  command->add_option("--data-dir", options->dataDir, "The program's directory")->check(NotEmpty());
+  return {command, [options] { return ShowHistory(options->dataDir, options->json); }};
+}
+
+CommandLine AddList(CLI::App& lexicon) {
+  auto dataDir = std::make_shared<std::string>();
+  CLI::App* command = lexicon.add_subcommand("list", "List the lexicons of the program's directory with their counts");
+  command->add_option("--data-dir", *dataDir, "The program's directory")->check(NotEmpty());
+  return {command, [dataDir] { return ListLexicons(*dataDir); }};
+}
+
 CommandLine AddCheck(CLI::App& lexicon) {
   struct Options {
     std::string file;
@@ -169,23 +232,28 @@ CommandLine AddCheck(CLI::App& lexicon) {
 }
 
 CommandLine AddMake(CLI::App& lexicon) {
-  struct Options {
-    std::vector<std::string> inputs;
-    std::string output;
-  };
-  auto options = std::make_shared<Options>();
-  CLI::App* command = lexicon.add_subcommand("make", "Make a lexicon of plain word lists");
-  command->add_option("INPUT", options->inputs, "Word lists (-: standard input)")->required();
-  command->add_option("-o", options->output, "The lexicon file to write")->required();
-  return {command, [options] { return MakeLexicon(options->inputs, options->output); }};
+  auto make = std::make_shared<MakeArguments>();
+  CLI::App* command = lexicon.add_subcommand("make", "Make a lexicon of word lists");
+  command->add_option("INPUT", make->inputs, "Word lists (-: standard input)")->required();
+  command->add_option("-o", make->output, "The lexicon file to write")->required();
+  command->add_option("--column", make->column, "Which column holds the words, from 1")->capture_default_str();
+  command->add_option(
+      "--separator", make->separatorName,
+      SeparatorNames("or") + ", or the character itself (default any; auto with --column or --phrases)");
+  command->add_flag("--heading", make->heading, "The first line of each list is a heading");
+  command
+      ->add_option("--phrases", make->phrasesName, "What becomes of several words in a column: " + PhrasesNames("or"))
+      ->capture_default_str();
+  return {command, [make] { return Settled(*make) ? MakeLexicon(*make) : kFailed; }};
 }
 
 }  // namespace
 
 std::vector<CommandLine> AddCommands(CLI::App& app) {
-  std::vector<CommandLine> commands{AddFind(app), AddExplain(app), AddStats(app)};
-  CLI::App* lexicon = app.add_subcommand("lexicon", "Check and make lexicon files");
+  std::vector<CommandLine> commands{AddFind(app), AddExplain(app), AddStats(app), AddHas(app), AddHistory(app)};
+  CLI::App* lexicon = app.add_subcommand("lexicon", "List, check and make lexicon files");
   lexicon->require_subcommand(1);
+  commands.push_back(AddList(*lexicon));
   commands.push_back(AddCheck(*lexicon));
   commands.push_back(AddMake(*lexicon));
   return commands;

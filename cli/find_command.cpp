@@ -16,6 +16,7 @@
 #include "cli/fixed_letters.h"
 #include "cli/json.h"
 #include "cli/lexicon_commands.h"
+#include "cli/make_command.h"
 #include "cli/output.h"
 #include "results/export.h"
 #include "results/results_file.h"
@@ -142,6 +143,9 @@ class FindRun {
 
  private:
   bool Load() {
+    if (!arguments_.wordLists.empty()) {
+      return LoadLists();
+    }
     const auto found = LexiconPath(arguments_.lexicon, arguments_.dataDir);
     if (!found) {
       return false;
@@ -158,6 +162,25 @@ class FindRun {
       return false;
     }
     lexicon_ = loaded.lexicon;
+    ShowLexicon(path, elapsed);
+    return true;
+  }
+
+  bool LoadLists() {
+    const auto start = Clock::now();
+    lexicon_ = LexiconOfLists(arguments_.wordLists);
+    if (lexicon_ == nullptr) {
+      return false;
+    }
+    std::string names;
+    for (const std::string& name : arguments_.wordLists) {
+      names += (names.empty() ? "" : ", ") + name;
+    }
+    ShowLexicon(names, MillisecondsSince(start));
+    return true;
+  }
+
+  void ShowLexicon(const std::string& path, double elapsed) {
     if (arguments_.json) {
       output_.Write(JsonObject()
                         .Path("lexicon", path)
@@ -165,7 +188,6 @@ class FindRun {
                         .Milliseconds("load_ms", elapsed)
                         .Line());
     }
-    return true;
   }
 
   int One(const std::string& typed) {

@@ -8,7 +8,6 @@
 #include "base/text.h"
 #include "cli/json.h"
 #include "cli/output.h"
-#include "lexicon/lexicon_maker.h"
 #include "lexicon/lexicon_name.h"
 #include "lexicon/load_report.h"
 #include "results/statistics.h"
@@ -41,25 +40,6 @@ void WriteTable(Output& output, const char* title, const Rows& rows) {
   for (const StatisticsRow& row : rows) {
     output.Write(PadLeft(row.label, 5) + PadLeft(std::to_string(row.count), 10) + "\n");
   }
-}
-
-// All bytes that are left of a file; an errno value on failure.
-int ReadRest(std::FILE* file, std::string& bytes) {
-  std::string piece(size_t{1} << 20, '\0');
-  size_t read = 0;
-  while ((read = std::fread(piece.data(), 1, piece.size(), file)) > 0) {
-    bytes.append(piece, 0, read);
-  }
-  return std::ferror(file) != 0 ? errno : 0;
-}
-
-int ReadAll(const std::string& path, std::string& bytes) {
-  std::error_code code;
-  if (std::filesystem::is_directory(path, code)) {
-    return EISDIR;
-  }
-  const FileHandle file(std::fopen(path.c_str(), "rb"));
-  return file == nullptr ? errno : ReadRest(file.get(), bytes);
 }
 
 std::string LexiconsThere(const std::string& directory) {
@@ -127,6 +107,28 @@ int ShowStatistics(const std::string& lexicon, const std::string& dataDir) {
   return output.Finish(kFound);
 }
 
+int ListLexicons(const std::string& dataDir) {
+  Output output;
+  const ProgramDirectory directory = SettleProgramDirectory(ProgramDirectoryInputOfProcess(dataDir));
+  if (directory.problem) {
+    Complain(directory.problem->Text());
+    return kFailed;
+  }
+  const std::vector<std::string> names = LexiconFilesIn(directory.path);
+  for (const std::string& name : names) {
+    const std::string path = JoinPath(directory.path, name);
+    const auto irregular = NotRegular(path);
+    const LoadResult loaded = irregular ? LoadResult{} : LoadLexicon(path, kLexiconCapacity, TextSource::Map);
+    if (loaded.outcome != LoadOutcome::Ok) {
+      Complain(irregular ? irregular->Text() : DescribeLoad(path, loaded));
+    }
+    if (loaded.Usable()) {
+      output.Write(PadLeft(FormatThousands(loaded.count), 9) + "  " + name + "\n");
+    }
+  }
+  return output.Finish(names.empty() ? kNothingFound : kFound);
+}
+
 int CheckLexicon(const std::string& path, bool json) {
   Output output;
   const LoadResult loaded = LoadLexicon(path);
@@ -146,45 +148,6 @@ int CheckLexicon(const std::string& path, bool json) {
     output.Write(DescribeLoad(path, loaded) + "\n");
   }
   return output.Finish(loaded.Usable() ? kFound : kFailed);
-}
-
-int MakeLexicon(const std::vector<std::string>& inputs, const std::string& outputPath) {
-  LexiconMaker maker;
-  for (const std::string& input : inputs) {
-    const bool standard = input == "-";
-    std::string bytes;
-    if (const int error = standard ? ReadRest(stdin, bytes) : ReadAll(input, bytes); error != 0) {
-      Complain("can't read " + (standard ? "standard input" : input) + ": " + std::strerror(error));
-      return kFailed;
-    }
-    maker.AddList(bytes);
-  }
-  const std::vector<std::string>& words = maker.Finish();
-  Note(std::to_string(maker.LinesRead()) + " lines read, " + std::to_string(words.size()) + " words kept");
-  for (const LeftOut reason : {LeftOut::Empty, LeftOut::TooLong, LeftOut::OtherCharacters, LeftOut::Repeated}) {
-    const LeftOutLines& left = maker.Left(reason);
-    if (left.count == 0) {
-      continue;
-    }
-    std::string examples;
-    for (const std::string& example : left.examples) {
-      examples += (examples.empty() ? " (" : ", ") + ("'" + example + "'");
-    }
-    Note(std::to_string(left.count) + " left out, " + std::string(DescriptionOf(reason)) + examples + ")");
-  }
-  if (words.size() > static_cast<size_t>(kLexiconCapacity)) {
-    Complain(std::to_string(words.size()) + " words are more than a lexicon holds (2,000,000); nothing was written");
-    return kFailed;
-  }
-  if (words.empty()) {
-    Complain("no word was kept; nothing was written");
-    return kFailed;
-  }
-  if (const auto error = WriteLexiconFile(outputPath, words)) {
-    Complain("can't write " + error->Text());
-    return kFailed;
-  }
-  return kFound;
 }
 
 }  // namespace quorvane::cli

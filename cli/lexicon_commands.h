@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "lexicon/lexicon.h"
 
@@ -18,8 +17,8 @@ std::optional<std::string> LexiconPath(const std::string& lexicon, const std::st
 
 // Each returns the exit status.
 int ShowStatistics(const std::string& lexicon, const std::string& dataDir);
+// A line for each lexicon of the program's directory: its name and count, or what is wrong with it.
+int ListLexicons(const std::string& dataDir);
 int CheckLexicon(const std::string& path, bool json);
-// An input "-" is standard input.
-int MakeLexicon(const std::vector<std::string>& inputs, const std::string& outputPath);
 
 }  // namespace quorvane::cli

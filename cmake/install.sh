@@ -1,6 +1,6 @@
 # Sourced by run, test and .ci/run: the packages of each purpose and how to install those that are missing.
 
-engine_packages=(g++ cmake ninja-build libcli11-dev wamerican-huge)
+engine_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev wamerican-huge)
 window_packages=(qt6-base-dev libqt6svg6 qt6-gtk-platformtheme)
 test_packages=(libgtest-dev libbenchmark-dev python3 qt6-base-private-dev)
 print_test_packages=(cups cups-client poppler-utils fonts-liberation fonts-dejavu-core)

@@ -77,10 +77,17 @@ class LexiconLoader {
   LexiconLoader(int32_t capacity, TextSource source, const std::function<void(int)>& progress)
       : capacity_(capacity), source_(source), progress_(progress), lexicon_(std::make_shared<Lexicon>()) {}
 
-  LoadResult Load(const std::string& path) {
-    if (!Read(path)) {
-      return Fail(error_);
-    }
+  LoadResult Load(const std::string& path) { return Read(path) ? LoadText() : Fail(error_); }
+
+  LoadResult LoadBytes(std::string_view text) {
+    lexicon_->text_ = BigBuffer<char>(text.size() + Lexicon::kPadding);
+    std::copy(text.begin(), text.end(), lexicon_->text_.data());
+    size_ = text.size();
+    return LoadText();
+  }
+
+ private:
+  LoadResult LoadText() {
     if (size_ == 0) {
       return Fail(MakeRunTimeError(kErrorInputPastEndOfFile));
     }
@@ -96,7 +103,6 @@ class LexiconLoader {
     return Finish();
   }
 
- private:
   // Reads the file into the block with one read. No lexicon within the limits is longer than the limit of the read: in
   // a longer file the capacity or a too long line is met before the limit.
   bool Read(const std::string& path) {
@@ -371,6 +377,10 @@ class LexiconLoader {
 LoadResult LoadLexicon(const std::string& path, int32_t capacity, TextSource source,
                        const std::function<void(int)>& progress) {
   return LexiconLoader(capacity, source, progress).Load(path);
+}
+
+LoadResult LoadLexiconBytes(std::string_view text) {
+  return LexiconLoader(kLexiconCapacity, TextSource::Read, {}).LoadBytes(text);
 }
 
 }  // namespace quorvane

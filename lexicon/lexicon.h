@@ -107,4 +107,7 @@ enum class TextSource { Read, Map };
 LoadResult LoadLexicon(const std::string& path, int32_t capacity = kLexiconCapacity,
                        TextSource source = TextSource::Read, const std::function<void(int percent)>& progress = {});
 
+// The same of a text in memory, of at most 4 GB, which is copied.
+LoadResult LoadLexiconBytes(std::string_view text);
+
 }  // namespace quorvane

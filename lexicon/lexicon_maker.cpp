@@ -1,165 +1,189 @@
 #include "lexicon/lexicon_maker.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/text.h"
+#include "lexicon/encoding.h"
 #include "lexicon/lexicon.h"
+#include "lexicon/plain_letters.h"
 
 namespace quorvane {
 namespace {
 
-constexpr size_t kExamples = 3;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::array kPhrases = {
+    PhrasesRow{Phrases::LeaveOut, "skip", "left out"},
+    PhrasesRow{Phrases::Join, "join", "joined"},
+    PhrasesRow{Phrases::FirstWord, "first", "cut to their first word"},
+};
 
-// The plain letters of U+00C0 to U+017F, in order; "?" where there are none.
-constexpr std::string_view kPlainLetters[] = {
-    // U+00C0
-    "a", "a", "a", "a", "a", "a", "ae", "c", "e", "e", "e", "e", "i", "i", "i", "i", "d", "n", "o", "o", "o", "o", "o",
-    "?", "o", "u", "u", "u", "u", "y", "th", "ss",
-    // U+00E0
-    "a", "a", "a", "a", "a", "a", "ae", "c", "e", "e", "e", "e", "i", "i", "i", "i", "d", "n", "o", "o", "o", "o", "o",
-    "?", "o", "u", "u", "u", "u", "y", "th", "y",
-    // U+0100
-    "a", "a", "a", "a", "a", "a", "c", "c", "c", "c", "c", "c", "c", "c", "d", "d", "d", "d", "e", "e", "e", "e", "e",
-    "e", "e", "e", "e", "e", "g", "g", "g", "g", "g", "g", "g", "g", "h", "h", "h", "h", "i", "i", "i", "i", "i", "i",
-    "i", "i", "i", "i", "ij", "ij", "j", "j", "k", "k", "k", "l", "l", "l", "l", "l", "l", "l",
-    // U+0140
-    "l", "l", "l", "n", "n", "n", "n", "n", "n", "n", "n", "n", "o", "o", "o", "o", "o", "o", "oe", "oe", "r", "r", "r",
-    "r", "r", "r", "s", "s", "s", "s", "s", "s", "s", "s", "t", "t", "t", "t", "t", "t", "u", "u", "u", "u", "u", "u",
-    "u", "u", "u", "u", "u", "u", "w", "w", "y", "y", "y", "z", "z", "z", "z", "z", "z", "s"};
-static_assert(std::size(kPlainLetters) == 0x180 - 0xC0);
-// The same of U+0180 to U+024F and of U+1E00 to U+1EFF: one letter each.
-constexpr std::string_view kPlainFrom180 =
-    "????????????????????????????????oo?????????????uu????????????????????????????aai"
-    "ioouuuuuuuuuu?aaaa????ggkkoooo??j???gg??nnaa????aaaaeeeeiiiioooorrrruuuusstt??hh"
-    "??????aaeeooooooooyy????????????????????????????";
-constexpr std::string_view kPlainFrom1E00 =
-    "aabbbbbbccddddddddddeeeeeeeeeeffgghhhhhhhhhhiiiikkkkkkllllllllmmmmmmnnnnnnnnoooo"
-    "oooopppprrrrrrrrssssssssssttttttttuuuuuuuuuuvvvvwwwwwwwwwwxxxxyyzzzzzzhtwy??????"
-    "aaaaaaaaaaaaaaaaaaaaaaaaeeeeeeeeeeeeeeeeiiiioooooooooooooooooooooooouuuuuuuuuuuu"
-    "uuyyyyyyyy??????";
-static_assert(kPlainFrom180.size() == 0x250 - 0x180 && kPlainFrom1E00.size() == 0x1F00 - 0x1E00);
-constexpr int32_t kCapitalSharpS = 0x1E9E;
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kWordEnds = " \t,;";
+constexpr size_t kLongestCellShown = 200;  // In bytes.
 
-// The plain letters of a code point from U+00C0 on; "?" where there are none.
-std::string_view PlainLetters(int32_t codePoint) {
-  if (codePoint < 0x180) {
-    return kPlainLetters[codePoint - 0xC0];
+// The lower case of a letter of ASCII; 0 of everything else.
+constexpr std::array<char, 256> kLowerLetters = [] {
+  std::array<char, 256> lower{};
+  for (unsigned char c = 'a'; c <= 'z'; ++c) {
+    lower[c] = static_cast<char>(c);
+    lower[c - 'a' + 'A'] = static_cast<char>(c);
   }
-  if (codePoint < 0x250) {
-    return kPlainFrom180.substr(static_cast<size_t>(codePoint - 0x180), 1);
-  }
-  if (codePoint == kCapitalSharpS) {
-    return "ss";
-  }
-  const bool inTable = codePoint >= 0x1E00 && codePoint < 0x1F00;
-  return inTable ? kPlainFrom1E00.substr(static_cast<size_t>(codePoint - 0x1E00), 1) : "?";
+  return lower;
+}();
+
+std::string_view Trimmed(std::string_view cell) {
+  const size_t first = cell.find_first_not_of(kBlanks);
+  return first == std::string_view::npos ? std::string_view{}
+                                         : cell.substr(first, cell.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Appends the plain form of one code point; false when it has none.
-bool AppendPlain(int32_t codePoint, std::string& word) {
-  if (codePoint < 0x80) {
-    const char c = Fold(static_cast<char>(codePoint));
-    word += c;
-    return IsLetter(c);
+Separator Settled(Separator asked, std::string_view text) {
+  return asked == Separator::Found ? FindSeparator(text) : asked;
+}
+
+// What is wrong with what was made.
+std::string ProblemOf(int64_t words, bool atLeast) {
+  if (words == 0) {
+    return "no word was kept";
   }
-  if (codePoint >= 0x300 && codePoint <= 0x36F) {  // An accent that stands behind its letter.
-    return true;
+  if (words <= kLexiconCapacity) {
+    return {};
   }
-  const std::string_view letters = codePoint < 0xC0 ? "?" : PlainLetters(codePoint);
-  if (letters == "?") {
-    return false;
-  }
-  word += letters;
-  return true;
+  return (atLeast ? "about " : "") + FormatThousands(words) + " words are more than a lexicon holds (" +
+         FormatThousands(kLexiconCapacity) + ")";
 }
 
 }  // namespace
 
-std::string_view DescriptionOf(LeftOut reason) {
-  switch (reason) {
-    case LeftOut::Empty:
-      return "empty";
-    case LeftOut::TooLong:
-      return "longer than 90 characters";
-    case LeftOut::OtherCharacters:
-      return "with characters other than letters";
-    case LeftOut::Repeated:
-      break;
-  }
-  return "repeated";
+std::span<const PhrasesRow> PhrasesRows() {
+  return kPhrases;
 }
 
-void LexiconMaker::AddList(std::string_view bytes) {
-  if (bytes.starts_with(kByteOrderMark)) {
-    bytes.remove_prefix(kByteOrderMark.size());
-  }
-  const bool utf8 = IsUtf8(bytes);
-  while (!bytes.empty()) {
-    const size_t end = bytes.find('\n');
-    std::string_view line = bytes.substr(0, end);
-    bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-    if (line.ends_with('\r')) {
-      line.remove_suffix(1);
+std::optional<Phrases> PhrasesOfOption(std::string_view option) {
+  for (const PhrasesRow& row : kPhrases) {
+    if (row.option == option) {
+      return row.phrases;
     }
-    AddLine(line, utf8);
+  }
+  return std::nullopt;
+}
+
+void LexiconMaker::AddList(std::string_view bytes, int64_t mostLines) {
+  std::string converted;
+  std::string_view rest = AsUtf8(bytes, converted);
+  const Separator separator = Settled(options_.separator, rest);
+  words_.Expect(rest.size());
+  for (int64_t line = 0; !rest.empty() && line < mostLines; ++line) {
+    const bool heading = options_.heading && line == 0;
+    size_t taken = heading ? 0 : AddPlainLine(rest);
+    if (taken == 0) {
+      const ListLine first = FirstLine(rest, separator);
+      report_.linesInQuotes += first.linesInside;
+      taken = first.bytes;
+      if (heading) {
+        report_.Count(LineKind::Heading, first.text);
+      } else {
+        AddLine(first, separator);
+      }
+    }
+    rest.remove_prefix(taken);
   }
 }
 
-void LexiconMaker::AddLine(std::string_view line, bool utf8) {
-  ++linesRead_;
-  const std::string_view column = line.substr(0, line.find_first_of(" \t,;"));
-  if (column.empty()) {
-    LeaveOut(LeftOut::Empty, line);
+// Most lines of most lists are letters alone: those are the word, whatever separates cells. How long the first line is
+// when it is such a line, which is then added; else 0.
+size_t LexiconMaker::AddPlainLine(std::string_view rest) {
+  std::array<char, kMaxWordLength> word;
+  const size_t most = std::min(rest.size(), word.size());
+  size_t length = 0;
+  while (length < most && (word[length] = kLowerLetters[static_cast<unsigned char>(rest[length])]) != 0) {
+    ++length;
+  }
+  size_t end = length;
+  end += end < rest.size() && rest[end] == '\r' ? 1 : 0;
+  if (length == 0 || options_.column != 1 || (end < rest.size() && rest[end] != '\n')) {
+    return 0;
+  }
+  report_.Count(LineKind::Word, {});
+  words_.Add({word.data(), length}, LineKind::Word, report_);
+  return std::min(end + 1, rest.size());
+}
+
+void LexiconMaker::AddLine(const ListLine& line, Separator separator) {
+  const auto cell = CellOf(line, separator, options_.column, scratch_);
+  if (!cell) {
+    report_.Count(LineKind::NoColumn, line.text);
     return;
   }
-  std::string word;
-  for (size_t i = 0; i < column.size();) {
-    const int32_t codePoint = utf8 ? NextCodePoint(column, i) : static_cast<unsigned char>(column[i++]);
-    if (!AppendPlain(codePoint, word)) {
-      LeaveOut(LeftOut::OtherCharacters, column);
+  const std::string_view text = Trimmed(*cell);
+  if (options_.phrases == Phrases::FirstWord) {
+    // An indented line explains the one above it.
+    const std::string_view whole = options_.column == 1 ? *cell : text;
+    const size_t end = std::min(whole.find_first_of(kWordEnds), whole.size());
+    const bool cut = whole.find_first_not_of(kBlanks, end) != std::string_view::npos;
+    AddFolded(cut ? LineKind::Cut : LineKind::Word, cut && end > 0 ? text : whole, whole.substr(0, end));
+  } else if (text.find_first_of(kBlanks) == std::string_view::npos) {
+    AddFolded(LineKind::Word, text, text);
+  } else if (options_.phrases == Phrases::Join) {
+    AddFolded(LineKind::Joined, text, text);
+  } else {
+    report_.Count(LineKind::Phrase, text);
+  }
+}
+
+// Counts a line of that kind and adds the letters of `words`, joined; or counts why it is left out.
+void LexiconMaker::AddFolded(LineKind kind, std::string_view shown, std::string_view words) {
+  constexpr size_t kTooLong = kMaxWordLength + 1;
+  word_.clear();
+  for (size_t i = 0; i < words.size();) {
+    const int32_t codePoint = NextCodePoint(words, i);
+    if (codePoint == ' ' || codePoint == '\t') {
+      continue;
+    }
+    if (!AppendPlain(codePoint, word_)) {
+      report_.Count(LineKind::OtherCharacters, shown);
       return;
     }
+    word_.resize(std::min(word_.size(), kTooLong));
   }
-  if (word.empty() || word.size() > static_cast<size_t>(kMaxWordLength)) {
-    LeaveOut(word.empty() ? LeftOut::Empty : LeftOut::TooLong, column);
+  if (word_.empty() || word_.size() == kTooLong) {
+    report_.Count(word_.empty() ? LineKind::Empty : LineKind::TooLong, shown);
     return;
   }
-  words_.push_back(std::move(word));
+  report_.Count(kind, shown, word_);
+  words_.Add(word_, kind, report_);
 }
 
-void LexiconMaker::LeaveOut(LeftOut reason, std::string_view line) {
-  LeftOutLines& lines = leftOut_[static_cast<size_t>(reason)];
-  ++lines.count;
-  if (lines.examples.size() < kExamples) {
-    lines.examples.emplace_back(line);
-  }
+MadeLexicon LexiconMaker::Finish() {
+  MadeLexicon made;
+  made.text = words_.Finish(report_);
+  made.report = std::move(report_);
+  made.problem = ProblemOf(made.report.Words(), words_.Overfull());
+  return made;
 }
 
-const std::vector<std::string>& LexiconMaker::Finish() {
-  std::sort(words_.begin(), words_.end());
-  size_t kept = 0;
-  for (size_t i = 0; i < words_.size(); ++i) {
-    if (kept > 0 && words_[i] == words_[kept - 1]) {
-      LeaveOut(LeftOut::Repeated, words_[i]);
-    } else {
-      if (kept != i) {
-        words_[kept] = std::move(words_[i]);
-      }
-      ++kept;
+MakerPreview Preview(std::string_view bytes, const MakerOptions& options, size_t mostLines) {
+  MakerPreview preview;
+  std::string converted;
+  std::string_view rest = AsUtf8(bytes, converted);
+  preview.separator = Settled(options.separator, rest);
+  while (!rest.empty() && preview.lines.size() < mostLines) {
+    const ListLine line = FirstLine(rest, preview.separator);
+    rest.remove_prefix(line.bytes);
+    std::vector<std::string> cells = CellsOf(line, preview.separator, kPreviewedCells);
+    for (std::string& cell : cells) {
+      cell = CutUtf8(cell, kLongestCellShown);
     }
+    preview.lines.push_back(std::move(cells));
   }
-  words_.resize(kept);
-  return words_;
+  LexiconMaker maker(options);
+  maker.AddList(bytes, kPreviewedLines);
+  preview.report = maker.Finish().report;
+  return preview;
 }
 
-std::optional<FileError> WriteLexiconFile(const std::string& path, const std::vector<std::string>& words) {
-  return ReplaceFile(path, [&words](FileWriter& out) {
-    for (const std::string& word : words) {
-      out.Write(word);
-      out.Write("\r\n");
-    }
-  });
+std::optional<FileError> WriteLexiconFile(const std::string& path, const MadeLexicon& made) {
+  return ReplaceFile(path, [&made](FileWriter& out) { out.Write(made.text); });
 }
 
 }  // namespace quorvane

@@ -21,6 +21,9 @@ SUBJECTS = {
 }
 ARROWS = SUBJECTS | {"app": set(SUBJECTS), "cli": set(SUBJECTS)}
 
+# The files that may read and write JSON by its library, besides the command line's.
+JSON_FILES = {"search/search_json.h", "search/search_json.cpp", "search/history.cpp"}
+
 INCLUDE = re.compile(r'^\s*#include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
 
@@ -31,6 +34,8 @@ def is_window(path: pathlib.PurePath) -> bool:
 def breach_of(where: pathlib.PurePath, quoted: str, angled: str) -> str:
     """Why the file may not have this include; empty when it may."""
     folder = where.parts[0]
+    if angled.startswith("nlohmann/") and folder != "cli" and where.as_posix() not in JSON_FILES:
+        return "only the history and the command line know JSON"
     if angled:
         return "the engine includes a header of the window toolkit" if angled.startswith("Q") and not is_window(where) else ""
     target = pathlib.PurePath(quoted)

@@ -3,6 +3,7 @@
 import json
 import math
 import os
+import random
 import shutil
 import statistics
 import time
@@ -13,8 +14,9 @@ from pathlib import Path
 from patterns import PART_OF_SETS, PATTERNS, REPEATED, UN_ABLE
 
 RUNS = 9  # after one that does not count
+MAKE_RUNS = 3
 OUR_PROGRAMS = ("quorvane-cli", "make_bench_lexicon", "bench_probe")
-PEER_PROGRAMS = ("rg", "grep", "wc", "cp")
+PEER_PROGRAMS = ("rg", "grep", "wc", "cp", "sort")
 MOST_RESULTS_IN_MEMORY_RUN = 10_000
 
 Finished = namedtuple("Finished", "milliseconds output peak_bytes")
@@ -31,6 +33,7 @@ class Comparison:
     load: float
     wc: float
     cp: float
+    make: dict  # (ours, sort -u) in milliseconds, by the order of the list
     memory: int
     probe: dict
     differences: list
@@ -77,9 +80,9 @@ class Programs:
             raise CannotRun(f"{' '.join(command)} ended with status {exit_status}: {complaint}")
         return Finished(milliseconds, output.read_text(), usage.ru_maxrss * 1024)
 
-    def time(self, name, *arguments, allowed=(0,)):
+    def time(self, name, *arguments, allowed=(0,), times=RUNS):
         """The median time of whole processes, and what the last of them wrote."""
-        runs = [self.run(name, *arguments, allowed=allowed) for _ in range(RUNS + 1)]
+        runs = [self.run(name, *arguments, allowed=allowed) for _ in range(times + 1)]
         return statistics.median(run.milliseconds for run in runs[1:]), runs[-1].output
 
     def count(self, name, *arguments):
@@ -129,6 +132,22 @@ class Programs:
         loads = [self.find(lexicon, PATTERNS[:1])[0]["load_ms"] for _ in range(RUNS + 1)]
         return statistics.median(loads[1:])
 
+    def make(self, lexicon):
+        """Making a lexicon of the words as a list, sorted and shuffled, beside sort -u of the same list."""
+        lines = lexicon.read_bytes().replace(b"\r\n", b"\n").splitlines(keepends=True)
+        figures = {}
+        for order in ("sorted", "shuffled"):
+            if order == "shuffled":
+                random.Random(1).shuffle(lines)
+            words, made, unique = (self.scratch / name for name in ("list.txt", "made.lex", "unique.txt"))
+            words.write_bytes(b"".join(lines))
+            ours = self.time("quorvane-cli", "lexicon", "make", words, "-o", made, times=MAKE_RUNS)[0]
+            peer = self.time("sort", "-u", words, "-o", unique, times=MAKE_RUNS)[0]
+            if made.read_bytes() != unique.read_bytes().replace(b"\n", b"\r\n"):
+                raise CannotRun(f"the lexicon made of the {order} list and sort -u of it differ")
+            figures[order] = ours, peer
+        return figures
+
     def memory(self, lexicon):
         run = self.run("quorvane-cli", "find", UN_ABLE.text, "--count", "--lexicon", lexicon)
         if not 0 < int(run.output) <= MOST_RESULTS_IN_MEMORY_RUN:
@@ -167,6 +186,7 @@ class Programs:
             load=self.load(lexicon),
             wc=self.time("wc", "-l", lexicon)[0],
             cp=self.time("cp", lexicon, self.scratch / "copy.lex")[0],
+            make=self.make(lexicon),
             memory=self.memory(lexicon),
             probe=probe,
             differences=differences,

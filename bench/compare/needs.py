@@ -51,6 +51,11 @@ def needs_of(comparisons, file_bytes):
     load = f"load {middle(lambda c: c.load)} ms / wc -l {middle(lambda c: c.wc)} ms"
     save = f"save {middle(lambda c: c.probe['save_ms'])} ms / cp {middle(lambda c: c.cp)} ms"
     reads = " ".join(f"{read:.2f}" for read in each(lambda c: c.probe["read_10mb_ms"]))
+    made = {
+        order: f"make of the {order} list {middle(lambda c: c.make[order][0])} ms / "
+        f"sort -u {middle(lambda c: c.make[order][1])} ms"
+        for order in ("sorted", "shuffled")
+    }
     needs = [
         Need(load, each(lambda c: c.load / c.wc), "<=", 5),
         Need("rg -j1 -c / search, mean", each(lambda c: mean_ratio(c, "rg")), ">=", 100),
@@ -68,4 +73,6 @@ def needs_of(comparisons, file_bytes):
         Need("list 2,000,000 results", each(lambda c: c.probe["list_ms"]), "<=", 1, " ms"),
         Need("sort 2,000,000 results", each(lambda c: c.probe["sort_ms"]), "<=", 3, " ms"),
         Need(save, each(lambda c: c.probe["save_ms"] / c.cp), "<=", 2),
+        Need(made["sorted"], each(lambda c: c.make["sorted"][0] / c.make["sorted"][1]), "<=", 1.5),
+        Need(made["shuffled"], each(lambda c: c.make["shuffled"][0] / c.make["shuffled"][1]), "<=", 1),
     ]

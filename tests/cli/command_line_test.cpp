@@ -257,10 +257,9 @@ TEST_F(CommandLine, MakesLexicons) {
   directory_.Write("two.txt", "zoo\ncaf\xE9\tx\n" + std::string(91, 'a'));
   directory_.Write("old.lex", "old\r\n");
   const std::string report =
-      "10 lines read, 3 words kept\n1 left out, empty ('')\n1 left out, longer than 90 characters ('" +
-      std::string(91, 'a') +
-      "')\n4 left out, with characters other than letters ('can't', 'x2', 'co-op')\n"
-      "1 left out, repeated ('zoo')\n";
+      "10 lines: 2 words, 1 cut to the first word ('Zoo 1' becomes zoo), 1 repeated ('zoo'), 6 left out: 1 empty, "
+      "1 longer than 90 letters ('" +
+      std::string(60, 'a') + "...'), 4 with characters other than letters ('can't', 'x2', 'co-op')\n";
   const Row rows[] = {
       {"q lexicon make one.txt two.txt -o old.lex && cat old.lex", 0, "cafe\r\nete\r\nzoo\r\n", report.c_str()},
       {"printf 'b\\na\\n' | q lexicon make - two.txt -o new.lex 2>err && cat new.lex", 0, "a\r\nb\r\ncafe\r\nzoo\r\n",
@@ -271,8 +270,8 @@ TEST_F(CommandLine, MakesLexicons) {
       {"q lexicon make one.txt -o /dev/full", 2, "", "...can't write /dev/full: No space left on device\n"},
       {"echo 4 >four.txt; q lexicon make four.txt -o old.lex", 2, "", "...nothing was written\n"},
       {"seq 2000001 | tr 0-9 a-j | q lexicon make /dev/stdin -o old.lex", 2, "",
-       "2000001 lines read, 2000001 words kept\n"
-       "quorvane-cli: 2000001 words are more than a lexicon holds (2,000,000); nothing was written\n"},
+       "2,000,001 lines: 2,000,001 words\n"
+       "quorvane-cli: 2,000,001 words are more than a lexicon holds (2,000,000); nothing was written\n"},
   };
   Try(rows);
   EXPECT_EQ(ReadFile(directory_.File("old.lex")), "cafe\r\nete\r\nzoo\r\n") << "a failure leaves what was there";
