@@ -74,6 +74,7 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
     const ConditionFacts& facts = ConditionKinds()[i];
     options[i] = command->add_option("--" + std::string(facts.option), arguments.conditions[i], std::string(facts.help))
                      ->expected(1)
+                     ->allow_extra_args(false)
                      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   }
   command->parse_complete_callback([=, &arguments] {
