@@ -77,16 +77,19 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
     const ConditionFacts& facts = ConditionKinds()[i];
     options[i] = command->add_option("--" + std::string(facts.option), arguments.conditions[i], std::string(facts.help))
                      ->expected(1)
+                     ->allow_extra_args(false)
                      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   }
   command->parse_complete_callback([=, &arguments] {
     TakeConditions(*command, options, arguments);
-    if (pattern->count() == 0 && arguments.search.conditions.empty()) {
+    const CLI::Option* named = command->get_option_no_throw("--named");
+    if (pattern->count() > 0 || (named != nullptr && named->count() > 0)) {
+      return;
+    }
+    if (arguments.search.conditions.empty()) {
       throw CLI::RequiredError(pattern->get_name());
     }
-    if (pattern->count() == 0) {
-      arguments.pattern = "*";
-    }
+    arguments.pattern = "*";
   });
 }
 
@@ -108,17 +111,12 @@ void AddListOption(CLI::App* command, std::vector<std::string>& lists) {
 
 // A search of the history instead of a pattern and what goes with it.
 void AddNamedOption(CLI::App* command, std::string& named) {
-  CLI::Option* pattern = command->get_option("PATTERN")->required(false);
+  CLI::Option* pattern = command->get_option("PATTERN");
   CLI::Option* option = command->add_option("--named", named, "Run the search of that name in the history instead");
   option->check(NotEmpty())->excludes(pattern);
   for (const char* other : {"--type", "--include", "--exclude", "--rack", "--length"}) {
     option->excludes(other);
   }
-  command->callback([pattern, option] {
-    if (pattern->count() + option->count() == 0) {
-      throw CLI::RequiredError(pattern->get_name());
-    }
-  });
 }
 
 // What is wrong with the values, said; true when nothing is.

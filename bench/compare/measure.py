@@ -4,6 +4,7 @@ import json
 import math
 import os
 import random
+import shlex
 import shutil
 import statistics
 import time
@@ -11,23 +12,26 @@ from collections import namedtuple
 from dataclasses import dataclass
 from pathlib import Path
 
-from patterns import PART_OF_SETS, PATTERNS, REPEATED, UN_ABLE
+from patterns import MIXTURES, PART_OF_SETS, PATTERNS, REPEATED, UN_ABLE
 
 RUNS = 9  # after one that does not count
 MAKE_RUNS = 3
 OUR_PROGRAMS = ("quorvane-cli", "make_bench_lexicon", "bench_probe")
-PEER_PROGRAMS = ("rg", "grep", "wc", "cp", "sort")
+PEER_PROGRAMS = ("rg", "grep", "wc", "cp", "sort", "sh")
 MOST_RESULTS_IN_MEMORY_RUN = 10_000
 
 Finished = namedtuple("Finished", "milliseconds output peak_bytes")
 # One pattern: the search in the loaded program, its runs one after the other (ours) or taking turns with those of the
 # other patterns, then three whole processes. Times in milliseconds.
 Row = namedtuple("Row", "count ours in_turn whole rg grep")
+# A search with conditions: in the loaded program, then what it is made of, each alone; then whole processes.
+Mixed = namedtuple("Mixed", "count ours alone whole pipe")
 
 
 @dataclass
 class Comparison:
     rows: dict  # Row by Pattern
+    mixed: dict  # Mixed by Mixture
     repeated_with_perl: float  # grep -P over the pattern that grep gets without it
     sets: float
     load: float
@@ -71,7 +75,7 @@ class Programs:
         ]
         command = [str(self.paths[name]), *map(str, arguments)]
         start = time.perf_counter()
-        process = os.posix_spawn(command[0], command, {"LC_ALL": "C"}, file_actions=redirections)
+        process = os.posix_spawn(command[0], command, {"LC_ALL": "C", "PATH": os.environ["PATH"]}, file_actions=redirections)
         _, status, usage = os.wait4(process, 0)
         milliseconds = (time.perf_counter() - start) * 1000
         exit_status = os.waitstatus_to_exitcode(status)
@@ -128,6 +132,28 @@ class Programs:
                 figures[pattern] = milliseconds, mine[0]["count"]
         return figures
 
+    def searched_alone(self, lexicon, text, *options):
+        """(median milliseconds, count) of one search in a loaded program."""
+        typed = self.scratch / "typed"
+        typed.write_text(f"{text}\n" * (RUNS + 1))
+        command = ["find", "-", "--json", "--count", *options, "--lexicon", lexicon]
+        lines = self.run("quorvane-cli", *command, stdin=typed, allowed=(0, 1)).output.splitlines()
+        answers = [json.loads(line) for line in lines[1:]]
+        return max(statistics.median(answer["ms"] for answer in answers[1:]), 0.0001), answers[0]["count"]
+
+    def mixed(self, lexicon, mixture, differences):
+        """A search with conditions beside the pipe of rg that leaves the same lines."""
+        ours, count = self.searched_alone(lexicon, mixture.text, *mixture.options)
+        whole, whole_count = self.count(
+            "quorvane-cli", "find", mixture.text, *mixture.options, "--count", "--lexicon", lexicon)
+        stages = [["rg", "-j1", *stage] for stage in mixture.pipe]
+        stages[0].append(str(lexicon))
+        pipe, pipe_count = self.count("sh", "-c", " | ".join(map(shlex.join, stages)))
+        if not count == whole_count == pipe_count:
+            differences.append(f"{mixture.name}: {count} in the loaded program, {whole_count} alone, {pipe_count} by rg")
+        alone = [self.searched_alone(lexicon, *search)[0] for search in mixture.alone]
+        return Mixed(count, ours, alone, whole, pipe)
+
     def load(self, lexicon):
         loads = [self.find(lexicon, PATTERNS[:1])[0]["load_ms"] for _ in range(RUNS + 1)]
         return statistics.median(loads[1:])
@@ -181,6 +207,7 @@ class Programs:
         timed(PART_OF_SETS, "grep", *PART_OF_SETS.grep_arguments())
         return Comparison(
             rows=rows,
+            mixed={mixture: self.mixed(lexicon, mixture, differences) for mixture in MIXTURES},
             repeated_with_perl=timed(REPEATED, "grep", *REPEATED.grep_arguments(perl=True)),
             sets=searched[PART_OF_SETS][0],
             load=self.load(lexicon),

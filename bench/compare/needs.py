@@ -5,7 +5,7 @@ import statistics
 from dataclasses import dataclass
 
 from measure import geometric_mean
-from patterns import PART
+from patterns import FOUR, PART
 
 RELATIONS = {"<=": operator.le, "<": operator.lt, ">=": operator.ge}
 
@@ -40,6 +40,11 @@ def worst_pattern(comparison):
     return min((min(row.rg, row.grep) / row.ours, pattern.name) for pattern, row in comparison.rows.items())
 
 
+def share_of_sum(comparison):
+    """What a search with conditions takes of what its parts take alone."""
+    return lambda mixture: comparison.mixed[mixture].ours / sum(comparison.mixed[mixture].alone)
+
+
 def needs_of(comparisons, file_bytes):
     def each(figure):
         return [figure(comparison) for comparison in comparisons]
@@ -65,6 +70,11 @@ def needs_of(comparisons, file_bytes):
     for pattern in filter(lambda p: p.masks_decide, comparisons[0].rows):
         ratios = each(lambda c: c.rows[pattern].ours / c.probe["read_10mb_ms"])
         needs.append(Need(f"{pattern.name} / reading 10 MB ({reads} ms)", ratios, "<", 4))
+    dearest = max(comparisons[0].mixed, key=share_of_sum(comparisons[0]))
+    needs += [
+        Need(f"{FOUR.name} / dearest alone", each(lambda c: c.mixed[FOUR].ours / max(c.mixed[FOUR].alone)), "<=", 1.3),
+        Need(f"conditions / sum of all alone, worst: {dearest.name}", each(lambda c: share_of_sum(c)(dearest)), "<=", 1.1),
+    ]
     return needs + [
         Need("*@$@$@$* / *ell*", each(lambda c: c.sets / c.rows[PART].ours), "<=", 4.3),
         Need("rg -j1 -c / whole process, mean", each(lambda c: mean_ratio(c, "rg", "whole")), ">=", 1.9),

@@ -28,7 +28,7 @@ LengthPanel::LengthPanel(SettingsStore& settings, QWidget* parent)
   cbLenTo_->setAccessibleName("Maximum length");
   // A list's name is its choice to a screen reader; what it is for is said by a label that is its own.
   for (QComboBox* box : {cbLenFr_, cbLenTo_}) {
-    auto* label = new QLabel(box->accessibleName(), this);
+    QLabel* label = MakeLabel({}, box->accessibleName(), {}, this);
     label->setBuddy(box);
     label->hide();
     box->setFocusPolicy(Qt::StrongFocus);  // Not by the wheel, which then belongs to what has the focus.
