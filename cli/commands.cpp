@@ -117,6 +117,9 @@ void AddNamedOption(CLI::App* command, std::string& named) {
   for (const char* other : {"--type", "--include", "--exclude", "--rack", "--length"}) {
     option->excludes(other);
   }
+  for (const ConditionFacts& facts : ConditionKinds()) {
+    option->excludes("--" + std::string(facts.option));
+  }
 }
 
 // What is wrong with the values, said; true when nothing is.

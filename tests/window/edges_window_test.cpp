@@ -108,7 +108,8 @@ TEST_F(EdgesWindowTest, AScreenReaderTellsTheLengthBoxesAndTheAnagramsApart) {
     }
     return ToText(text);
   };
-  EXPECT_EQ(labelOf("cbLenFr") + "|" + labelOf("cbLenTo"), "Minimum lengthWord lengths|Maximum lengthWord lengths") << "and the frame around";
+  EXPECT_EQ(labelOf("cbLenFr") + "|" + labelOf("cbLenTo"), "Minimum lengthWord lengths|Maximum lengthWord lengths")
+      << "and the frame around";
   EXPECT_EQ(Find("rbAnagram")->accessibleName(), "Anagram, all words");
   EXPECT_EQ(Find("rbAnagramExact")->accessibleName(), "Anagram, exact length only");
 }
