@@ -169,6 +169,7 @@ void MainWindow::SetLiveResults(bool on) {
   results_->ShowLive("");
   results_->SetStale(false);
   if (on) {
+    results_->MakeReady(session_.lexicon ? session_.lexicon->count() : 0);
     searching_.AskedChanged();
   }
 }

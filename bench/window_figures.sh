@@ -1,18 +1,19 @@
 #!/usr/bin/env bash
-# The window's figures under Xvfb: key press to painted status, a search of 2,000,000 words to the painted list, each key of
-# ten searches with results while typing, and the
-# start over the default lexicon beside that of an empty window (medians of 9 whole processes).
+# The window's figures under Xvfb: key press to painted status, a search of 2,000,000 words to the painted list, each key
+# of ten searches with results while typing, and the start over the default lexicon beside that of an empty window
+# (medians of 9 whole processes).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 command -v Xvfb >/dev/null || { echo "window_figures: Xvfb is missing (Debian: xvfb)" >&2; exit 2; }
 bin=build/release/bin
 scratch=$(mktemp -d)
-Xvfb :97 -screen 0 1400x1000x24 >/dev/null 2>&1 &
+mkfifo "$scratch/display"
+Xvfb -displayfd 3 -screen 0 1400x1000x24 3>"$scratch/display" >/dev/null 2>&1 &
 server=$!
+read -r display <"$scratch/display"
 trap 'kill $server; rm -rf "$scratch"' EXIT
-export DISPLAY=:97 QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$scratch
+export DISPLAY=:$display QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$scratch
 chmod 700 "$scratch"
-until [ -S /tmp/.X11-unix/X97 ]; do :; done
 
 $bin/make_bench_lexicon "$scratch/bench.lex"
 $bin/window_figures "$scratch/bench.lex" keys

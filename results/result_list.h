@@ -36,6 +36,8 @@ class ResultList {
     Clear();
     return found_;
   }
+  // Fetches the memory that a search of so many words may need.
+  void MakeReady(size_t words) { found_.MakeReady(words); }
   // The scan is over: the list shows what was found, in the lexicon's case or in upper case.
   void EndSearch(const Search& search, std::shared_ptr<const Lexicon> lexicon, const ScanOutcome& outcome,
                  bool upperCase);

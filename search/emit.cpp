@@ -69,6 +69,14 @@ void FoundNumbers::Reserve(size_t size) {
   numbers_ = std::move(larger);
 }
 
+void FoundNumbers::MakeReady(size_t size) {
+  constexpr size_t kNumbersInPage = 4096 / sizeof(WordNumber);
+  Reserve(size);
+  for (size_t i = size_; i < numbers_.size(); i += kNumbersInPage) {
+    static_cast<volatile WordNumber&>(numbers_[i]) = 0;
+  }
+}
+
 void Emit(const Survivors& survivors, WordNumber first, FoundNumbers& found) {
   size_t more = 0;
   for (const size_t block : survivors.Blocks()) {

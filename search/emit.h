@@ -31,6 +31,8 @@ class FoundNumbers {
   }
   // Makes room for `size` numbers and for the few that Emit may write behind the last.
   void Reserve(size_t size);
+  // The same, and has the system hand out the memory now instead of while a search writes it.
+  void MakeReady(size_t size);
 
  private:
   friend void Emit(const Survivors&, WordNumber, FoundNumbers&);

@@ -3,7 +3,6 @@
 import json
 import math
 import os
-import random
 import shlex
 import shutil
 import statistics
@@ -84,6 +83,9 @@ class Programs:
             raise CannotRun(f"{' '.join(command)} ended with status {exit_status}: {complaint}")
         return Finished(milliseconds, output.read_text(), usage.ru_maxrss * 1024)
 
+    def shell(self, line, *paths):
+        return self.run("sh", "-c", line % tuple(shlex.quote(str(path)) for path in paths)).output
+
     def time(self, name, *arguments, allowed=(0,), times=RUNS):
         """The median time of whole processes, and what the last of them wrote."""
         runs = [self.run(name, *arguments, allowed=allowed) for _ in range(times + 1)]
@@ -160,16 +162,16 @@ class Programs:
 
     def make(self, lexicon):
         """Making a lexicon of the words as a list, sorted and shuffled, beside sort -u of the same list."""
-        lines = lexicon.read_bytes().replace(b"\r\n", b"\n").splitlines(keepends=True)
+        words, made, unique, order_of = (self.scratch / n for n in ("list.txt", "made.lex", "unique.txt", "order.txt"))
+        # By other programs: what this one has once held would count as the memory of every program that it starts.
+        in_order = ["tr -d '\\r' <%s >%s", lexicon, words]
+        in_disorder = ["shuf --random-source=%s -o %s %s", words, order_of, words]
         figures = {}
-        for order in ("sorted", "shuffled"):
-            if order == "shuffled":
-                random.Random(1).shuffle(lines)
-            words, made, unique = (self.scratch / name for name in ("list.txt", "made.lex", "unique.txt"))
-            words.write_bytes(b"".join(lines))
-            ours = self.time("quorvane-cli", "lexicon", "make", words, "-o", made, times=MAKE_RUNS)[0]
-            peer = self.time("sort", "-u", words, "-o", unique, times=MAKE_RUNS)[0]
-            if made.read_bytes() != unique.read_bytes().replace(b"\n", b"\r\n"):
+        for order, source, prepare in (("sorted", words, in_order), ("shuffled", order_of, in_disorder)):
+            self.shell(*prepare)
+            ours = self.time("quorvane-cli", "lexicon", "make", source, "-o", made, times=MAKE_RUNS)[0]
+            peer = self.time("sort", "-u", source, "-o", unique, times=MAKE_RUNS)[0]
+            if self.shell("tr -d '\\r' <%s | cmp -s - %s && echo same || echo other", made, unique).strip() != "same":
                 raise CannotRun(f"the lexicon made of the {order} list and sort -u of it differ")
             figures[order] = ours, peer
         return figures

@@ -25,6 +25,8 @@ class ResultsPanel : public QWidget {
   const ResultList& Results() const { return results_; }
   // Around every change of the results, so that the list shows them.
   void ChangeResults(const std::function<void(ResultList&)>& change);
+  // See ResultList: the list stays as it is.
+  void MakeReady(size_t words) { results_.MakeReady(words); }
 
   // The number of the current entry, from 0, when it is selected; it is, once anything is.
   std::optional<size_t> Selected() const;
