@@ -11,9 +11,8 @@
 #include <QPushButton>
 #include <QStorageInfo>
 #include <QTreeView>
-#include <algorithm>
 
-#include "base/text.h"
+#include "base/file.h"
 #include "base/window/labels.h"
 #include "base/window/qt_text.h"
 #include "settings/settings_table.h"
@@ -166,8 +165,8 @@ void FrmAmend::Apply() {
     Refuse("'" + name + "' is no file name: choose the directory in the list above it.");
     return;
   }
-  if (std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; })) {
-    Refuse("'" + QuotedText(name) + "' is no file name: it holds control characters.");
+  if (const auto reason = WhyNoFileName(name)) {
+    Refuse(*reason);
     return;
   }
   if (name.find('.') == std::string::npos) {

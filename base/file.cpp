@@ -234,6 +234,13 @@ int FileWriter::Finish() {
   return error_;
 }
 
+std::optional<std::string> WhyNoFileName(std::string_view name) {
+  if (std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; })) {
+    return "'" + QuotedText(name) + "' is no file name: it holds control characters.";
+  }
+  return std::nullopt;
+}
+
 std::optional<FileError> NotRegular(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode)) {

@@ -63,6 +63,9 @@ class FileWriter {
   int error_ = 0;
 };
 
+// Why no file is to be named so: it holds control characters, which no list of files shows. Nothing for other names.
+std::optional<std::string> WhyNoFileName(std::string_view name);
+
 // Why a path that exists is no regular file ("it is a pipe, not a file"): opening one may wait for ever. Nothing for a
 // regular file and for what is missing or can't be looked at; opening that says why.
 std::optional<FileError> NotRegular(const std::string& path);

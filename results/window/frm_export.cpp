@@ -116,7 +116,8 @@ void FrmExport::Write() {
     return;
   }
   const std::string path = ResolvePath(directory_, name);
-  if (const auto reason = refusal_(path)) {
+  const auto noName = WhyNoFileName(name);
+  if (const auto reason = noName ? noName : refusal_(path)) {
     door_.Show(this, *reason);
     tbFile_->setFocus();
     return;

@@ -26,6 +26,22 @@ class WorkbenchTest : public WindowTest {
   }
 };
 
+// Nothing of it is in sight, or takes room, until it is asked for: the window without it is the same picture.
+TEST_F(WorkbenchTest, AFirstStartIsThePictureOfAWindowWithoutIt) {
+  ASSERT_TRUE(Start());
+  auto* central = Find<QWidget>("central");
+  const auto picture = [central] { return central->grab().toImage(); };
+  const QImage with = picture();
+  std::vector<std::unique_ptr<QWidget>> removed;
+  for (const char* name : {"lblLive", "lblReading", "conditionsPanel", "lblTyped", "lblCopied"}) {
+    removed.emplace_back(Find<QWidget>(name))->setParent(nullptr);
+  }
+  Find<QLineEdit>("tbInput")->setClearButtonEnabled(false);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  EXPECT_EQ(picture(), with);
+  Stop();
+}
+
 TEST_F(WorkbenchTest, ResultsWhileTypingShowAndAddNothingElse) {
   ASSERT_TRUE(Start());
   Key(Qt::Key_R, Qt::ControlModifier);
@@ -120,6 +136,8 @@ TEST_F(WorkbenchTest, WordsOutOfTheList) {
   EXPECT_EQ(door.TakeText(), dir.File("mine.txt") + " is there already. Replace it?");
   EXPECT_EQ(ReadFile(dir.File("mine.txt")), "mine");
   const std::string lexicon = ReadFile(dir.File("words.lex"));
+  exportAs("a\tb.txt", 0);
+  EXPECT_EQ(door.TakeText(), "'" + dir.File("a\\x09b.txt") + "' is no file name: it holds control characters.");
   exportAs("words.lex", 0);
   EXPECT_NE(door.TakeText(), "");
   EXPECT_EQ(ReadFile(dir.File("words.lex")), lexicon);
