@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "app/file_controller.h"
+#include "app/guard.h"
 #include "app/search_controller.h"
 #include "base/text.h"
 #include "base/window/qt_text.h"
@@ -66,7 +67,8 @@ void WorkbenchController::ShowWordMenu(const QPoint& place) {
     QAction* action = menu.addAction(caption);
     action->setObjectName(name);
     action->setEnabled(enabled);
-    QObject::connect(action, &QAction::triggered, view_.Window(), run);
+    QObject::connect(action, &QAction::triggered, view_.Window(),
+                     [this, caption, run] { Guarded(services_, view_.Window(), ToText(caption), run); });
   };
   add("wordCopy", "&Copy", true, [this] { view_.CopySelection(); });
   add("wordCopyAll", "Copy &all words", true, [this] { CopyAll(); });

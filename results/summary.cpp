@@ -44,7 +44,7 @@ std::string EmptyListText(const Search& search) {
                                    : std::to_string(lengths.min) + " to " + std::to_string(lengths.max) + " letters");
   }
   for (const ListKind kind : ListsNamedIn(search)) {
-    add(std::string(1, FactsOf(kind).wildcard) + " stands for " + BracketForm(search.lists.Of(kind)));
+    add(std::string(FactsOf(kind).name) + " list " + BracketForm(search.lists.Of(kind)));
   }
   for (const Condition& condition : search.conditions) {
     add(ConditionText(condition));

@@ -80,7 +80,7 @@ class PictureDoor : public ScreenDoor {
   void Beep() override {}
 
   void Save(QWidget& widget, const QString& name) {
-    QTest::qWait(30);
+    QTest::qWait(200);  // The button in the pattern box has faded in or out.
     widget.grab().save(QDir(directory_).filePath(prefix_ + name + ".png"));
   }
   // The next dialog is the choice of a lexicon, which is answered with `name`.
@@ -182,6 +182,7 @@ class Studio {
     Choose("menWideScreen");
     Menus();
     Dialogs();
+    Workbench();
     Colours();
     BadLexicon();
   }
@@ -218,6 +219,46 @@ class Studio {
       Choose(item);
     }
     Search("~12");
+  }
+
+  // What the menu of that name adds, one thing a picture.
+  void Workbench() {
+    auto* list = window_->findChild<QAbstractItemView*>("lbWordList");
+    Choose("menLiveResults");
+    Choose("menReading");
+    Type("?r?s??o?d");
+    Save("workbench_live");
+    Choose("menMoreConditions");
+    for (const auto& [box, text] : {std::pair{"tbInput", "*"}, {"tbAnd", "?a*"}, {"tbNot", "*s"}, {"tbWith", "zz"}}) {
+      window_->findChild<QLineEdit*>(box)->clear();
+      QTest::keyClicks(window_->findChild<QLineEdit*>(box), text);
+    }
+    Save("workbench_conditions");
+    Choose("menMoreConditions");
+    list->setCurrentIndex(list->model()->index(2, 0));
+    QTimer::singleShot(200, qApp, [this] {
+      QWidget* menu = QApplication::activePopupWidget();
+      door_.Save(*menu, "workbench_word_menu");
+      menu->close();
+    });
+    const QPoint place = list->visualRect(list->currentIndex()).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list->viewport(), &event);
+    list->setFocus();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+    Save("workbench_copied");
+    QTest::keyClicks(list, "ba");
+    Save("workbench_typed");
+    Choose("menExport");
+    Search("q!=zzq");
+    Save("workbench_empty");
+    Choose("menWildcardsBeside");
+    auto* beside = window_->findChild<QWidget*>("frmWildcards");
+    door_.Save(*beside, "workbench_wildcards");
+    beside->close();
+    Choose("menLiveResults");
+    Choose("menReading");
   }
 
   // Ends the program.

@@ -55,7 +55,9 @@ FrmExport::FrmExport(SettingsStore& settings, Door& door, const WordSequence& wo
   auto* file = new QHBoxLayout;
   file->addWidget(tbFile_, 1);
   file->addWidget(browse);
-  form->addRow("&File:", file);
+  auto* caption = new QLabel("&File:", this);
+  caption->setBuddy(tbFile_);
+  form->addRow(caption, file);
   auto* buttons = new QHBoxLayout;
   buttons->addStretch();
   auto* ok = Named(new QPushButton("&Export", this), "cmdOK", "Write the file");

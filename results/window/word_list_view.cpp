@@ -163,10 +163,9 @@ void WordListView::PaintRow(QPainter& painter, const QModelIndex& index) const {
 void WordListView::paintEvent(QPaintEvent*) {
   QPainter painter(viewport());
   if (RowCount() == 0) {
-    // Half way between text and ground, whatever their colours.
-    QColor grey = palette().color(QPalette::Text);
-    grey.setAlphaF(0.5F);
-    painter.setPen(grey);
+    // On a ground of whatever colour.
+    const bool light = palette().color(QPalette::Base).lightness() >= 128;
+    painter.setPen(light ? QColor(Qt::gray).darker(130) : QColor(Qt::lightGray));
     painter.drawText(viewport()->rect().adjusted(kTextIndent, 0, -kTextIndent, 0),
                      Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
   }
