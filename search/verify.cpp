@@ -31,7 +31,9 @@ struct EndsTest {
   const Positions& p;
   template <int Vectors>
   bool Accepts(const char* word, unsigned length, LetterSet) const {
-    return p.prefix.FitAt(word) && p.suffix.FitAt(word + length - p.after);
+    const bool begins = p.prefix.FitAt(word);
+    const bool ends = p.suffix.FitAt(word + length - p.after);
+    return (static_cast<unsigned>(begins) & static_cast<unsigned>(ends)) != 0;  // No branch to guess.
   }
 };
 
@@ -41,7 +43,7 @@ struct RunTest {
   bool Accepts(const char* word, unsigned length, LetterSet) const {
     const uint64_t starts = RunMask<Vectors>(word, p.run) & LowBits(length - p.middle + 1);
     const auto fitting = static_cast<unsigned>(std::popcount(starts));
-    return fitting >= p.minStarts && fitting <= p.maxStarts;
+    return fitting - p.minStarts <= p.maxStarts - p.minStarts;  // Both bounds without a branch to guess.
   }
 };
 
@@ -132,10 +134,27 @@ struct TilesTest {
   }
 };
 
-template <class Accepts>
-void KeepAccepted(WordNumber first, Survivors& survivors, Accepts accepts) {
+// What lies in far memory is asked for early: about five blocks of words ahead, the text of one.
+constexpr size_t kFetchAhead = 4096;
+constexpr size_t kTextOfBlock = 13 * 64;
+constexpr int kWorthFetching = 3;  // Words to look at in a block.
+
+void FetchAhead(const char* text) {
+#if defined(__GNUC__)
+  for (size_t i = 0; i < kTextOfBlock; i += 64) {
+    __builtin_prefetch(text + kFetchAhead + i);
+  }
+#endif
+}
+
+// `textOf(number)` is where the word stands.
+template <class TextOf, class Accepts>
+void KeepAccepted(WordNumber first, Survivors& survivors, TextOf textOf, Accepts accepts) {
   survivors.Narrow([&](size_t block, uint64_t bits) {
     const WordNumber firstOfBlock = first + static_cast<WordNumber>(64 * block);
+    if (std::popcount(bits) >= kWorthFetching) {
+      FetchAhead(textOf(firstOfBlock));
+    }
     uint64_t kept = 0;
     for (; bits != 0; bits &= bits - 1) {
       const auto i = static_cast<unsigned>(std::countr_zero(bits));
@@ -159,10 +178,11 @@ void Verifier::Keep(const Lexicon& lexicon, WordNumber first, Survivors& survivo
   const uint8_t* lengths = lexicon.Lengths();
   const LetterSet* sets = lexicon.LetterSets();
   const char* text = lexicon.FoldedText();
-  KeepAccepted(first, survivors, [&](WordNumber number) {
+  const auto textOf = [=](WordNumber number) { return text + starts[number]; };
+  KeepAccepted(first, survivors, textOf, [&](WordNumber number) {
     const unsigned length = lengths[number];
     const LetterSet letters = sets[number];
-    const char* word = text + starts[number];
+    const char* word = textOf(number);
     if ((letters & kOtherCharacters) != 0 || length > kMaxMaskLength) [[unlikely]] {
       return wordTest_.Accepts({word, length});
     }
@@ -198,7 +218,9 @@ void Verifier::Verify(const Lexicon& lexicon, WordNumber first, Survivors& survi
       keep(TilesTest{plan_.letterCounts, plan_.filter.blanks});
       break;
     case VerifyMode::WordByWord:
-      KeepAccepted(first, survivors, [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });
+      KeepAccepted(
+          first, survivors, [&](WordNumber number) { return lexicon.FoldedWord(number).data(); },
+          [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });
       break;
   }
 }
@@ -208,7 +230,9 @@ bool IsPalindrome(std::string_view word) {
 }
 
 void KeepPalindromes(const Lexicon& lexicon, WordNumber first, Survivors& survivors) {
-  KeepAccepted(first, survivors, [&](WordNumber number) { return IsPalindrome(lexicon.Word(number)); });
+  KeepAccepted(
+      first, survivors, [&](WordNumber number) { return lexicon.Word(number).data(); },
+      [&](WordNumber number) { return IsPalindrome(lexicon.Word(number)); });
 }
 
 }  // namespace quorvane
