@@ -168,6 +168,8 @@ const std::array kWorkbench = {
     WorkbenchItem(
         Command::Export, "menExport", "&Export ...", "Shift+F8",
         [](const Controllers& c, int) { c.workbench.Export(); }, HasFound),
+    WorkbenchItem(Command::ImportList, "menImport", "&Import a word list ...", "Shift+F7",
+                  [](const Controllers& c, int) { c.files.ImportList(); }),
     WorkbenchItem(Command::ShowWildcardsBeside, "menWildcardsBeside", "Wildcards &beside the work", "",
                   [](const Controllers& c, int) { c.workbench.ShowWildcardsBeside(); }),
     WorkbenchItem(Command::GoToList, "menGoToList", "Go to the &list", "Ctrl+Down",

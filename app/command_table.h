@@ -64,6 +64,7 @@ enum class Command {
   GoToList,
   GoToPattern,
   MoreConditions,
+  ImportList,
   CopyAll,
   Export,
   ShowWildcardsBeside,

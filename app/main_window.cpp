@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/file_drop.h"
 #include "app/guard.h"
 #include "app/start/shut_down.h"
 #include "base/window/beside.h"
@@ -73,6 +74,9 @@ MainWindow::MainWindow(Services& services)
   WireResults();
   SetTabOrder();
   qApp->installEventFilter(this);
+  new FileDrop(this, [this](const std::vector<std::string>& paths) {
+    Do("Import a word list", [&] { files_.TakeDropped(paths); });
+  });
 }
 
 MainWindow::~MainWindow() {
