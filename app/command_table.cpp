@@ -163,6 +163,9 @@ const std::array kWorkbench = {
     WorkbenchItem(Command::MoreConditions, "menMoreConditions", "&More conditions", "Ctrl+M",
                   [](const Controllers& c, int) { c.workbench.ToggleConditions(); }),
     WorkbenchItem(
+        Command::FindWithin, "menFindWithin", "&Find within these", "Ctrl+F",
+        [](const Controllers& c, int) { c.workbench.FindWithin(); }, HasFound),
+    WorkbenchItem(
         Command::CopyAll, "menCopyAll", "&Copy all words", "Ctrl+Shift+C",
         [](const Controllers& c, int) { c.workbench.CopyAll(); }, HasFound),
     WorkbenchItem(

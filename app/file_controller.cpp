@@ -269,7 +269,7 @@ void FileController::SaveAsLexicon() {
 
 void FileController::Print() {
   const ResultList& results = view_.Results();
-  PrintJob job{session_.printerName, results.EntryCount(), [&results](size_t i) { return results.Entry(i); },
+  PrintJob job{session_.printerName, results.WholeCount(), [&results](size_t i) { return results.WholeEntry(i); },
                results.FoundCount(), view_.Said()};
   const PrintSite site{view_.Window(), [this](const std::string& text) { view_.ShowStatus(text); },
                        [this](const std::string& text) { ReportErrors(text); }};
@@ -278,7 +278,7 @@ void FileController::Print() {
 
 void FileController::SetUpPrinter() {
   FrmPrinterSetup dialog(
-      services_.settings, services_.log, services_.door, session_.printerName, view_.Results().EntryCount(),
+      services_.settings, services_.log, services_.door, session_.printerName, view_.Results().WholeCount(),
       [this](const std::string& text) { ReportErrors(text); }, view_.Window());
   services_.door.Run(dialog);
   view_.UpdateCommands();

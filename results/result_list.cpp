@@ -6,6 +6,20 @@
 #include "search/search_texts.h"
 
 namespace quorvane {
+namespace {
+
+// Keeps the numbers that fit; `numbers` may be those of `kept`.
+void KeepFitting(std::span<const WordNumber> numbers, const FittingWords& fitting, FoundNumbers& kept) {
+  kept.Resize(numbers.size());
+  size_t count = 0;
+  for (const WordNumber number : numbers) {
+    kept[count] = number;  // Whether it counts or not: no branch to guess.
+    count += fitting.Has(number) ? 1U : 0U;
+  }
+  kept.Resize(count);
+}
+
+}  // namespace
 
 std::string WordSequence::Word(size_t i) const {
   switch (letterCase) {
@@ -35,6 +49,8 @@ void ResultList::Clear() {
   truncated_ = false;
   copyIsSorted_ = false;
   showsCopy_ = false;
+  ShowAll();
+  ++edition_;
 }
 
 void ResultList::Sort(SortOrder order, bool upperCase) {
@@ -48,6 +64,34 @@ void ResultList::Sort(SortOrder order, bool upperCase) {
   }
   truncated_ = false;
   listed_ = found_.size();
+  ShowNarrowed();
+}
+
+void ResultList::Narrow(const std::string& pattern, const PreparedCondition& prepared) {
+  if (lexicon_ != nullptr) {
+    narrowed_.emplace(Narrowing{pattern, FittingWords(*lexicon_, prepared)});
+    ShowNarrowed();
+  }
+}
+
+void ResultList::ShowNarrowed() {
+  if (narrowed_) {
+    KeepFitting(Whole().numbers, narrowed_->fitting, shown_);
+  }
+}
+
+void ResultList::KeepNarrowed() {
+  if (!narrowed_ || !search_) {
+    return;
+  }
+  search_->conditions.push_back({ConditionKind::And, narrowed_->pattern});
+  KeepFitting(found_.Span(), narrowed_->fitting, found_);
+  if (copyIsSorted_) {
+    KeepFitting(sorted_.Span(), narrowed_->fitting, sorted_);
+  }
+  truncated_ = false;
+  listed_ = found_.size();
+  ShowAll();
 }
 
 int ResultList::LongestFound() const {
@@ -62,17 +106,23 @@ WordSequence ResultList::FoundWordsCopy() const {
   return {lexicon_.get(), copyIsSorted_ ? sorted_.Span() : found_.Span(), copyCase_};
 }
 
+WordSequence ResultList::Whole() const {
+  return {lexicon_.get(), (showsCopy_ ? FoundWordsCopy() : FoundWords()).numbers, shownCase_};
+}
+
 WordSequence ResultList::Shown() const {
-  WordSequence shown = showsCopy_ ? FoundWordsCopy() : FoundWords();
-  shown.letterCase = shownCase_;
-  return shown;
+  return narrowed_ ? WordSequence{lexicon_.get(), shown_.Span(), shownCase_} : Whole();
+}
+
+std::span<const WordNumber> ResultList::Entries() const {
+  return narrowed_ ? shown_.Span() : Whole().numbers.first(listed_);
 }
 
 std::optional<size_t> ResultList::Find(std::string_view word) const {
   const std::string folded = FoldText(word);
-  const WordSequence shown = Shown();
-  for (size_t i = 0; i < listed_; ++i) {
-    const WordNumber number = shown.numbers[i];
+  const auto numbers = Entries();
+  for (size_t i = 0; i < numbers.size(); ++i) {
+    const WordNumber number = numbers[i];
     if (lexicon_->Lengths()[number] == folded.size() && lexicon_->FoldedWord(number) == folded) {
       return i;
     }
@@ -82,13 +132,13 @@ std::optional<size_t> ResultList::Find(std::string_view word) const {
 
 std::optional<size_t> ResultList::FindPrefix(std::string_view typed, size_t from) const {
   const std::string prefix = FoldText(typed);
-  const auto numbers = (showsCopy_ ? FoundWordsCopy() : FoundWords()).numbers.first(listed_);
+  const auto numbers = Entries();
   const size_t count = EntryCount();
-  const bool lastEntryBegins = truncated_ && FoldText(kTruncatedEntry).starts_with(prefix);
+  const bool lastEntryBegins = count > numbers.size() && FoldText(kTruncatedEntry).starts_with(prefix);
   if (lexicon_ == nullptr || !lexicon_->sorted() || !std::is_sorted(found_.Span().begin(), found_.Span().end())) {
     for (size_t k = 0; k < count; ++k) {
       const size_t i = (from + k) % count;
-      if (i < listed_ ? lexicon_->FoldedWord(numbers[i]).starts_with(prefix) : lastEntryBegins) {
+      if (i < numbers.size() ? lexicon_->FoldedWord(numbers[i]).starts_with(prefix) : lastEntryBegins) {
         return i;
       }
     }
@@ -113,15 +163,16 @@ std::optional<size_t> ResultList::FindPrefix(std::string_view typed, size_t from
     offer(static_cast<size_t>(first - numbers.begin()), static_cast<size_t>(last - numbers.begin()));
     run = end;
   }
-  offer(listed_, lastEntryBegins ? count : listed_);
+  offer(numbers.size(), lastEntryBegins ? count : numbers.size());
   return least < count ? std::optional((from + least) % count) : std::nullopt;
 }
 
 std::string ResultList::Entry(size_t i) const {
-  if (i >= listed_) {
-    return std::string(kTruncatedEntry);
-  }
-  return Shown().Word(i);
+  return narrowed_ ? Shown().Word(i) : WholeEntry(i);
+}
+
+std::string ResultList::WholeEntry(size_t i) const {
+  return i < listed_ ? Whole().Word(i) : std::string(kTruncatedEntry);
 }
 
 }  // namespace quorvane
