@@ -1,6 +1,7 @@
 #include "results/result_list.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "base/text.h"
 #include "search/search_texts.h"
@@ -8,13 +9,13 @@
 namespace quorvane {
 namespace {
 
-// Keeps the numbers that fit; `numbers` may be those of `kept`.
-void KeepFitting(std::span<const WordNumber> numbers, const FittingWords& fitting, FoundNumbers& kept) {
+// Keeps those of the set; `numbers` may be those of `kept`.
+void KeepThose(std::span<const WordNumber> numbers, const WordSet& words, FoundNumbers& kept) {
   kept.Resize(numbers.size());
   size_t count = 0;
   for (const WordNumber number : numbers) {
     kept[count] = number;  // Whether it counts or not: no branch to guess.
-    count += fitting.Has(number) ? 1U : 0U;
+    count += words.Has(number) ? 1U : 0U;
   }
   kept.Resize(count);
 }
@@ -49,6 +50,7 @@ void ResultList::Clear() {
   truncated_ = false;
   copyIsSorted_ = false;
   showsCopy_ = false;
+  foundSet_.reset();
   ShowAll();
   ++edition_;
 }
@@ -68,15 +70,28 @@ void ResultList::Sort(SortOrder order, bool upperCase) {
 }
 
 void ResultList::Narrow(const std::string& pattern, const PreparedCondition& prepared) {
-  if (lexicon_ != nullptr) {
-    narrowed_.emplace(Narrowing{pattern, FittingWords(*lexicon_, prepared)});
+  if (lexicon_ == nullptr) {
+    return;
+  }
+  MakeReadyToNarrow();
+  narrowed_.emplace(Narrowing{pattern, foundSet_->Meeting(*lexicon_, prepared, shown_)});
+  if (showsCopy_ || !ascending_) {
     ShowNarrowed();
+  }
+}
+
+void ResultList::MakeReadyToNarrow() {
+  if (!foundSet_ && lexicon_ != nullptr) {
+    const auto found = found_.Span();
+    foundSet_.emplace(*lexicon_, found);
+    ascending_ = std::adjacent_find(found.begin(), found.end(), std::greater_equal<>()) == found.end();
+    shown_.MakeReady(found.size());
   }
 }
 
 void ResultList::ShowNarrowed() {
   if (narrowed_) {
-    KeepFitting(Whole().numbers, narrowed_->fitting, shown_);
+    KeepThose(Whole().numbers, narrowed_->words, shown_);
   }
 }
 
@@ -85,12 +100,13 @@ void ResultList::KeepNarrowed() {
     return;
   }
   search_->conditions.push_back({ConditionKind::And, narrowed_->pattern});
-  KeepFitting(found_.Span(), narrowed_->fitting, found_);
+  KeepThose(found_.Span(), narrowed_->words, found_);
   if (copyIsSorted_) {
-    KeepFitting(sorted_.Span(), narrowed_->fitting, sorted_);
+    KeepThose(sorted_.Span(), narrowed_->words, sorted_);
   }
   truncated_ = false;
   listed_ = found_.size();
+  foundSet_.reset();
   ShowAll();
 }
 

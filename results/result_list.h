@@ -14,9 +14,9 @@
 #include "results/sort_order.h"
 #include "search/conditions.h"
 #include "search/emit.h"
-#include "search/fitting_words.h"
 #include "search/scan.h"
 #include "search/search.h"
+#include "search/word_set.h"
 
 namespace quorvane {
 
@@ -49,6 +49,8 @@ class ResultList {
   // Shows the words in another order, in lower or upper case. Any but the order found is kept for saving.
   void Sort(SortOrder order, bool upperCase);
 
+  // What the next Narrow would take time for.
+  void MakeReadyToNarrow();
   // Shows only those of the found words that fit the pattern, too; what was found stays. `prepared` is that of the
   // pattern, which must fit. Until ShowAll or another list.
   void Narrow(const std::string& pattern, const PreparedCondition& prepared);
@@ -93,7 +95,7 @@ class ResultList {
  private:
   struct Narrowing {
     std::string pattern;
-    FittingWords fitting;
+    WordSet words;
   };
 
   // All found words in the order and the case of the screen.
@@ -114,6 +116,8 @@ class ResultList {
   size_t listed_ = 0;
   bool truncated_ = false;
   bool lastScanTruncated_ = false;
+  std::optional<WordSet> foundSet_;  // Once the list was to be narrowed.
+  bool ascending_ = false;           // What was found is, by its numbers; set with `foundSet_`.
   std::optional<Narrowing> narrowed_;
   FoundNumbers shown_;  // While the list is narrowed.
   size_t edition_ = 0;

@@ -114,6 +114,7 @@ bool ResultsPanel::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ResultsPanel::OpenWithin() {
+  results_.MakeReadyToNarrow();
   within_->show();
   tbWithin_->setFocus();
   tbWithin_->selectAll();
