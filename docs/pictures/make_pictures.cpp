@@ -180,6 +180,9 @@ class Studio {
     Save("search");
     std::ofstream tree(ToText(QDir(directory_).filePath("tree.txt")));
     Describe(QAccessible::queryAccessibleInterface(window_.get()), {}, tree);
+    Choose("menFindWithin");
+    QTest::keyClicks(window_->findChild<QLineEdit*>("tbWithin"), "*s");
+    Save("within");
     Type("=============");
     Save("refusal_scrabble");
     Search("listen");
