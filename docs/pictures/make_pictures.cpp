@@ -182,7 +182,7 @@ class Studio {
     Describe(QAccessible::queryAccessibleInterface(window_.get()), {}, tree);
     Choose("menFindWithin");
     QTest::keyClicks(window_->findChild<QLineEdit*>("tbWithin"), "*s");
-    Save("within");
+    Save("workbench_within");
     Type("=============");
     Save("refusal_scrabble");
     Search("listen");
