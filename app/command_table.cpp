@@ -163,11 +163,16 @@ const std::array kWorkbench = {
     WorkbenchItem(Command::MoreConditions, "menMoreConditions", "&More conditions", "Ctrl+M",
                   [](const Controllers& c, int) { c.workbench.ToggleConditions(); }),
     WorkbenchItem(
+        Command::FindWithin, "menFindWithin", "&Find within these", "Ctrl+F",
+        [](const Controllers& c, int) { c.workbench.FindWithin(); }, HasFound),
+    WorkbenchItem(
         Command::CopyAll, "menCopyAll", "&Copy all words", "Ctrl+Shift+C",
         [](const Controllers& c, int) { c.workbench.CopyAll(); }, HasFound),
     WorkbenchItem(
         Command::Export, "menExport", "&Export ...", "Shift+F8",
         [](const Controllers& c, int) { c.workbench.Export(); }, HasFound),
+    WorkbenchItem(Command::ImportList, "menImport", "&Import a word list ...", "Shift+F7",
+                  [](const Controllers& c, int) { c.files.ImportList(); }),
     WorkbenchItem(Command::ShowWildcardsBeside, "menWildcardsBeside", "Wildcards &beside the work", "",
                   [](const Controllers& c, int) { c.workbench.ShowWildcardsBeside(); }),
     WorkbenchItem(Command::GoToList, "menGoToList", "Go to the &list", "Ctrl+Down",

@@ -28,7 +28,7 @@ struct Controllers {
 struct CommandState {
   const Session& session;
   size_t found = 0;           // Words found.
-  size_t entries = 0;         // Entries on the screen.
+  size_t entries = 0;         // Entries of the whole list.
   bool wordSelected = false;  // One of them is.
 };
 
@@ -64,6 +64,8 @@ enum class Command {
   GoToList,
   GoToPattern,
   MoreConditions,
+  FindWithin,
+  ImportList,
   CopyAll,
   Export,
   ShowWildcardsBeside,

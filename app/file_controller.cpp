@@ -5,12 +5,15 @@
 #include "app/start/shut_down.h"
 #include "base/program_directory.h"
 #include "base/text.h"
+#include "base/window/qt_text.h"
 #include "lexicon/lexicon_name.h"
 #include "lexicon/load_report.h"
+#include "lexicon/window/frm_import.h"
 #include "lexicon/window/frm_lex_name.h"
 #include "lexicon/window/frm_lex_problem.h"
 #include "lexicon/window/frm_new_lex.h"
 #include "lexicon/window/frm_wait.h"
+#include "lexicon/word_list_reader.h"
 #include "lookup/window/frm_weblink_choice.h"
 #include "lookup/window/lookup_panel.h"
 #include "print/window/frm_printer_setup.h"
@@ -51,6 +54,12 @@ void FileController::ReportErrors(const std::string& text) {
   services_.log.Write(event::kError, text);
 }
 
+LoadResult FileController::Load(const std::string& path) {
+  const Hourglass hourglass;
+  const MovingBar bar(view_);
+  return LoadLexicon(path, kLexiconCapacity, TextSource::Read, bar.Mover());
+}
+
 std::shared_ptr<const Lexicon> FileController::ReadLexicon(const std::string& path) {
   if (const auto irregular = NotRegular(path)) {
     session_.stopFlag = true;
@@ -59,11 +68,7 @@ std::shared_ptr<const Lexicon> FileController::ReadLexicon(const std::string& pa
     services_.door.Show(view_.Window(), irregular->Text());
     return nullptr;
   }
-  const LoadResult result = [&] {
-    const Hourglass hourglass;
-    const MovingBar bar(view_);
-    return LoadLexicon(path, kLexiconCapacity, TextSource::Read, bar.Mover());
-  }();
+  const LoadResult result = Load(path);
   const LoadReport report = ReportOf(result);
   // Before the box: the entry is there, and the status set, however the box is left.
   if (!result.Usable()) {
@@ -110,6 +115,10 @@ void FileController::OpenNewLexicon() {
       return;
     }
   }
+  Introduce(name);
+}
+
+void FileController::Introduce(const std::string& name) {
   const int32_t count = session_.lexicon->count();
   services_.log.Write(event::kNewLexicon, std::to_string(count) + " words defined in lexicon file '" + name + "'");
   session_.input.noun = FactsOf(WordType::WordList).noun;  // Of the next search.
@@ -117,6 +126,71 @@ void FileController::OpenNewLexicon() {
   view_.ShowLexicon(name);
   services_.door.Show(view_.Window(), "    New lexicon file\r\n\r\n    " + name + "\r\n\r\nhas been loaded\r\nwith " +
                                           FormatThousands(count) + " words.");
+}
+
+void FileController::OpenAside(const std::string& name) {
+  const std::string path = JoinPath(services_.programDirectory, name);
+  const std::string refusal = "The lexicon " + name + " can't be used, and the one in use stays. ";
+  if (const auto irregular = NotRegular(path)) {
+    ReportErrors(refusal + irregular->Text());
+    return;
+  }
+  const LoadResult result = [&] {
+    FrmWait wait(view_.Window());
+    wait.ShowNow();
+    return Load(path);
+  }();
+  const LoadReport report = ReportOf(result);
+  if (!result.Usable()) {
+    ReportErrors(refusal + report.logText);
+    return;
+  }
+  if (result.outcome != LoadOutcome::Ok) {
+    services_.log.Write(report.logCode, report.logText);
+    services_.door.Show(view_.Window(), report.boxText);
+  }
+  session_.lexicon = result.lexicon;
+  session_.lexiconPath = path;
+  Introduce(name);
+}
+
+void FileController::ImportList(const std::string& path) {
+  const auto refusal = [this](const std::string& target) -> std::optional<std::string> {
+    if (IsSameFile(target, session_.lexiconPath)) {
+      return target + " is the lexicon in use, which can't be replaced. Choose another name.";
+    }
+    return std::nullopt;
+  };
+  FrmImport dialog(services_.door, services_.programDirectory, refusal, path, view_.Window());
+  services_.door.Run(dialog);
+  if (dialog.Made().empty()) {
+    return;
+  }
+  view_.ShowStatus("The word list has been imported as lexicon \"" + dialog.Made() + "\"");
+  if (dialog.OpenNow()) {
+    OpenAside(dialog.Made());
+  }
+}
+
+void FileController::TakeDropped(const std::vector<std::string>& paths) {
+  if (paths.size() != 1) {
+    services_.door.Show(view_.Window(), "Drop one file at a time: these were " +
+                                            FormatThousands(static_cast<int64_t>(paths.size())) + ".");
+    return;
+  }
+  const std::string& path = paths.front();
+  for (const std::string& name : LexiconFilesIn(services_.programDirectory)) {
+    const bool storable = ToText(FromText(name)) == name;  // What the settings file can't hold is not offered either.
+    if (storable && IsSameFile(path, JoinPath(services_.programDirectory, name))) {
+      OpenAside(name);
+      return;
+    }
+  }
+  if (const WordListRead read = ReadWordListHead(path); read.error) {
+    services_.door.Show(view_.Window(), "Can't read " + read.error->Text());
+    return;
+  }
+  ImportList(path);
 }
 
 std::vector<ProtectedFile> FileController::ProtectedFiles() const {
@@ -195,7 +269,7 @@ void FileController::SaveAsLexicon() {
 
 void FileController::Print() {
   const ResultList& results = view_.Results();
-  PrintJob job{session_.printerName, results.EntryCount(), [&results](size_t i) { return results.Entry(i); },
+  PrintJob job{session_.printerName, results.WholeCount(), [&results](size_t i) { return results.WholeEntry(i); },
                results.FoundCount(), view_.Said()};
   const PrintSite site{view_.Window(), [this](const std::string& text) { view_.ShowStatus(text); },
                        [this](const std::string& text) { ReportErrors(text); }};
@@ -204,7 +278,7 @@ void FileController::Print() {
 
 void FileController::SetUpPrinter() {
   FrmPrinterSetup dialog(
-      services_.settings, services_.log, services_.door, session_.printerName, view_.Results().EntryCount(),
+      services_.settings, services_.log, services_.door, session_.printerName, view_.Results().WholeCount(),
       [this](const std::string& text) { ReportErrors(text); }, view_.Window());
   services_.door.Run(dialog);
   view_.UpdateCommands();

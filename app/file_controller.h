@@ -36,6 +36,10 @@ class FileController {
   FileController(FileView& view, Session& session, Services& services);
 
   void OpenNewLexicon();
+  // Makes a lexicon of a word list: of `path`, or of one that is chosen.
+  void ImportList(const std::string& path = {});
+  // Files that were dropped on the window: a lexicon of the program's directory is opened, another file imported.
+  void TakeDropped(const std::vector<std::string>& paths);
   // Loads `path`; false when the lexicon is unusable and the program has ended.
   bool LoadLexiconFile(const std::string& path);
   void ChangeSaveName();
@@ -55,6 +59,11 @@ class FileController {
   bool WriteResults(bool automatic);
   // The files that results never replace.
   std::vector<ProtectedFile> ProtectedFiles() const;
+  // Opens a lexicon of the program's directory; one that is unusable is a message, and the lexicon in use stays.
+  void OpenAside(const std::string& name);
+  LoadResult Load(const std::string& path);
+  // Makes a lexicon that was loaded the one in use from now on.
+  void Introduce(const std::string& name);
   // Null when the file is unusable, which has been said.
   std::shared_ptr<const Lexicon> ReadLexicon(const std::string& path);
   void ReportSaveFailure(const std::string& text, bool automatic);

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/file_drop.h"
 #include "app/guard.h"
 #include "app/start/shut_down.h"
 #include "base/window/beside.h"
@@ -73,6 +74,9 @@ MainWindow::MainWindow(Services& services)
   WireResults();
   SetTabOrder();
   qApp->installEventFilter(this);
+  new FileDrop(this, [this](const std::vector<std::string>& paths) {
+    Do("Import a word list", [&] { files_.TakeDropped(paths); });
+  });
 }
 
 MainWindow::~MainWindow() {
@@ -195,6 +199,12 @@ void MainWindow::WireSearch() {
 void MainWindow::WireResults() {
   connect(results_, &ResultsPanel::EntrySelected, this, [this] { UpdateCommands(); });
   connect(results_, &ResultsPanel::LeaveRequested, this, [this] { FocusPattern(); });
+  results_->SetCheck([this](const std::string& text, size_t caret) { return searching_.KeptOfCondition(text, caret); });
+  connect(results_, &ResultsPanel::WithinChanged, this,
+          [this](const std::string& text) { Do("Find within these", [&] { workbench_.Narrow(text); }); });
+  connect(results_, &ResultsPanel::WithinKept, this,
+          [this] { Do("Find within these", [this] { workbench_.KeepNarrowed(); }); });
+  connect(results_, &ResultsPanel::Dragged, this, [this](size_t count) { workbench_.SayDragged(count); });
   connect(results_, &ResultsPanel::MenuRequested, this,
           [this](const QPoint& place) { workbench_.ShowWordMenu(place); });
   connect(results_, &ResultsPanel::EntryDoubleClicked, this,

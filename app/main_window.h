@@ -108,6 +108,9 @@ class MainWindow : public QMainWindow,
   void TypeText(const std::string& text) override;
   void TypeCharacter(char character) override;
   void ToggleConditions() override;
+  void OpenWithin() override;
+  void CloseWithin() override;
+  void ShowWithin(const std::string& text) override;
 
   CommandState State() const;
   // The entry, unless a command has written one; closes what is open and shuts the program down.

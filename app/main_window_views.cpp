@@ -89,7 +89,10 @@ const ResultList& MainWindow::Results() const {
 void MainWindow::ChangeResults(const std::function<void(ResultList&)>& change) {
   results_->ChangeResults(change);
   const auto& made = results_->Results().MadeBy();
-  results_->SetEmptyText(made ? FromBytes(EmptyListText(*made)) : QString());
+  const bool narrowed = results_->Results().Narrowed();
+  results_->SetEmptyText(narrowed ? "None of the words found fits."
+                         : made   ? FromBytes(EmptyListText(*made))
+                                  : QString());
 }
 
 std::optional<size_t> MainWindow::SelectedEntry() const {
@@ -155,7 +158,7 @@ void MainWindow::SetFixedWidth(bool fixed) {
 
 CommandState MainWindow::State() const {
   const ResultList& results = results_->Results();
-  return {session_, results.FoundCount(), results.EntryCount(), results_->Selected().has_value()};
+  return {session_, results.FoundCount(), results.WholeCount(), results_->Selected().has_value()};
 }
 
 void MainWindow::UpdateCommands() {
@@ -218,6 +221,18 @@ void MainWindow::ToggleConditions() {
     conditions_->FocusFirst();
   }
   searching_.AskedChanged();
+}
+
+void MainWindow::OpenWithin() {
+  results_->OpenWithin();
+}
+
+void MainWindow::CloseWithin() {
+  results_->CloseWithin();
+}
+
+void MainWindow::ShowWithin(const std::string& text) {
+  results_->ShowWithin(FromText(text));
 }
 
 void MainWindow::TypeCharacter(char character) {

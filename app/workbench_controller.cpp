@@ -24,6 +24,66 @@ WorkbenchController::WorkbenchController(WorkbenchView& view, Session& session, 
                                          SearchController& search, FileController& files)
     : view_(view), session_(session), services_(services), search_(search), files_(files) {}
 
+std::string WorkbenchController::ShownCount() const {
+  const ResultList& results = view_.Results();
+  const std::string found = FormatThousands(static_cast<int64_t>(results.FoundCount()));
+  const auto shown = static_cast<int64_t>(results.Shown().numbers.size());
+  return results.Narrowed() ? FormatThousands(shown) + " of " + found : found;
+}
+
+void WorkbenchController::FindWithin() {
+  view_.ShowWithin(ShownCount());
+  view_.OpenWithin();
+}
+
+void WorkbenchController::Narrow(const std::string& pattern) {
+  const auto& made = view_.Results().MadeBy();
+  if (!made) {
+    return;
+  }
+  Search asked;
+  asked.lists = made->lists;
+  asked.conditions = {{ConditionKind::And, pattern}};
+  const PreparedConditions prepared = PrepareConditions(asked);
+  const auto entry = view_.SelectedEntry();
+  const std::string selected = entry ? view_.Results().Entry(*entry) : "";
+  view_.ChangeResults([&](ResultList& results) {
+    if (prepared.all.empty()) {
+      results.ShowAll();
+    } else {
+      results.Narrow(pattern, prepared.all.front());
+    }
+  });
+  view_.ShowWithin(pattern.empty() || view_.Results().Narrowed() ? ShownCount() : "-");
+  view_.SelectEntry(entry ? view_.Results().Find(selected) : std::nullopt);
+  view_.UpdateCommands();
+}
+
+void WorkbenchController::KeepNarrowed() {
+  if (!view_.Results().Narrowed()) {
+    return;
+  }
+  if (view_.Results().EntryCount() == 0) {
+    view_.ShowStatus("None of the words fits, so the list stays.");
+    return;
+  }
+  const auto entry = view_.SelectedEntry();
+  view_.ChangeResults([](ResultList& results) { results.KeepNarrowed(); });
+  view_.SelectEntry(entry);
+  view_.FocusList();
+  view_.CloseWithin();
+  view_.ShowStatus("The list is now " + ShownCount() + " word" +
+                   std::string(PluralS(static_cast<int64_t>(view_.Results().FoundCount()))));
+  view_.UpdateCommands();
+}
+
+void WorkbenchController::SayDragged(size_t count) {
+  if (view_.Results().Narrowed()) {
+    view_.ShowStatus(FormatThousands(static_cast<int64_t>(count)) + " of the words shown (" + ShownCount() +
+                     ") have been dragged");
+  }
+}
+
 void WorkbenchController::CopyAll() {
   const WordSequence words = view_.ShownWords();
   if (words.numbers.empty()) {
@@ -37,8 +97,8 @@ void WorkbenchController::CopyAll() {
     text += '\n';
   }
   QApplication::clipboard()->setText(FromBytes(text));
-  std::string said = FormatThousands(static_cast<int64_t>(words.numbers.size())) + " word" +
-                     std::string(PluralS(static_cast<int64_t>(words.numbers.size()))) + " copied";
+  std::string said =
+      ShownCount() + " word" + std::string(PluralS(static_cast<int64_t>(view_.Results().FoundCount()))) + " copied";
   if (words.numbers.size() > kMegabytesFrom) {
     said += " (" + std::to_string(text.size() / 1'000'000) + " megabytes)";
   }
@@ -49,9 +109,13 @@ void WorkbenchController::Export() {
   FrmExport dialog(
       services_.settings, services_.door, view_.ShownWords(), services_.programDirectory,
       [this](const std::string& path) { return files_.WhyNotWriteTo(path); }, view_.Window());
+  if (view_.Results().Narrowed()) {
+    dialog.setWindowTitle(FromText("Export " + ShownCount() + " words"));
+  }
   services_.door.Run(dialog);
   if (!dialog.Written().empty()) {
-    view_.ShowStatus("The words have been exported to " + dialog.Written());
+    const std::string words = view_.Results().Narrowed() ? ShownCount() + " words" : "The words";
+    view_.ShowStatus(words + " have been exported to " + dialog.Written());
   }
 }
 

@@ -33,6 +33,14 @@ class WorkbenchView : public virtual View {
   // As if it were typed over what the box holds: the box's undo brings that back.
   virtual void TypeText(const std::string& text) = 0;
   virtual void TypeCharacter(char character) = 0;
+  // Every change of the results goes through here, so that the list shows it.
+  virtual void ChangeResults(const std::function<void(ResultList&)>& change) = 0;
+  virtual std::optional<size_t> SelectedEntry() const = 0;
+  virtual void SelectEntry(std::optional<size_t> entry) = 0;
+  // The line that narrows the list: opened, closed and emptied, what it says.
+  virtual void OpenWithin() = 0;
+  virtual void CloseWithin() = 0;
+  virtual void ShowWithin(const std::string& text) = 0;
   // Opens or closes the row of conditions.
   virtual void ToggleConditions() = 0;
 };
@@ -46,7 +54,15 @@ class WorkbenchController {
   void GoToList() { view_.FocusList(); }
   void GoToPattern() { view_.FocusPattern(); }
   void ToggleConditions() { view_.ToggleConditions(); }
+  // Opens the line that narrows the list.
+  void FindWithin();
+  // Shows the found words that fit the pattern, too: all for an empty one and one that can't be searched.
+  void Narrow(const std::string& pattern);
+  // Makes the words that are shown the list.
+  void KeepNarrowed();
   void CopyAll();
+  // So many words were dragged elsewhere.
+  void SayDragged(size_t count);
   void Export();
   // The menu of the selected word, at a place on the screen.
   void ShowWordMenu(const QPoint& place);
@@ -56,6 +72,9 @@ class WorkbenchController {
   void ShowWildcardsBeside();
 
  private:
+  // "12", or of a narrowed list "12 of 193".
+  std::string ShownCount() const;
+
   WorkbenchView& view_;
   Session& session_;
   Services& services_;

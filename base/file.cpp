@@ -173,6 +173,12 @@ bool FileExists(const std::string& path) {
   return fs::exists(path, ignored) && !fs::is_directory(path, ignored);
 }
 
+bool IsSameFile(const std::string& a, const std::string& b) {
+  std::error_code ignored;
+  return fs::path(a).lexically_normal() == fs::path(b).lexically_normal() ||
+         (fs::exists(a, ignored) && fs::exists(b, ignored) && fs::equivalent(a, b, ignored));
+}
+
 std::string JoinPath(std::string_view directory, std::string_view name) {
   std::string path(directory);
   if (!path.empty() && path.back() != '/') {

@@ -27,6 +27,8 @@ struct FileError {
 FileError FileErrorOfErrno(const std::string& path, int errnoValue);
 
 bool FileExists(const std::string& path);
+// Whether two paths name one file, links followed; one that is missing may be named in several ways.
+bool IsSameFile(const std::string& a, const std::string& b);
 // A directory joined with a name by one "/"; an empty directory leaves the name alone.
 std::string JoinPath(std::string_view directory, std::string_view name);
 // True when the value names a directory as well as a file: it holds "/" or "\".

@@ -3,6 +3,7 @@
 //   start   shows the program's window over LEXICON, ready for input, and ends
 //   keys    prints the median and the worst time from a key press to the painted status, in milliseconds
 //   search  prints the median time from Enter to the painted list of a search for "*"
+//   within  prints the times of the keys that narrow that list
 //   list    prints the times of a letter typed in that list, which goes to a word, and of selecting all its words
 
 #include <QAction>
@@ -61,6 +62,20 @@ struct Program {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
   }
 
+  // What each key of ten searches takes as they are typed.
+  std::vector<double> TypeSearches(const char* where) {
+    std::vector<double> times;
+    for (const char* typed :
+         {"str?ng", "un*able", "*ell*", "1221", "@$@$@", ";aeiou~", "%2ss>", "?r?s??o?d", "*ing", "qu*k"}) {
+      window->findChild<QLineEdit*>(where)->clear();
+      Settle();
+      for (const QChar c : QString(typed)) {
+        times.push_back(Press(0, c, where));
+      }
+    }
+    return times;
+  }
+
   QTemporaryDir folder;
   ScreenDoor door;
   NoRandom random;
@@ -102,18 +117,18 @@ int main(int argc, char** argv) {
   } else if (what == "live") {
     // Each key of ten searches as they are typed, with results while typing; the first key after a load by itself.
     program.window->findChild<QAction*>("menLiveResults")->trigger();
-    std::vector<double> first{program.Press(0, "s")};
-    std::vector<double> times;
-    for (const char* typed :
-         {"str?ng", "un*able", "*ell*", "1221", "@$@$@", ";aeiou~", "%2ss>", "?r?s??o?d", "*ing", "qu*k"}) {
-      program.window->findChild<QLineEdit*>("tbInput")->clear();
-      Settle();
-      for (const QChar c : QString(typed)) {
-        times.push_back(program.Press(0, c));
-      }
-    }
-    Report("first live key after a load", first);
-    Report("live key to painted list", times);
+    Report("first live key after a load", {program.Press(0, "s")});
+    Report("live key to painted list", program.TypeSearches("tbInput"));
+  } else if (what == "within") {
+    program.Press(0, "*");
+    program.Press(Qt::Key_Return, "");
+    program.window->findChild<QAction*>("menFindWithin")->trigger();
+    Report("key of 'within these' to painted list", program.TypeSearches("tbWithin"));
+    program.Press(Qt::Key_Escape, "", "tbWithin");
+    program.window->findChild<QWidget*>("rbSortLength")->setFocus();
+    program.Press(Qt::Key_Space, " ", "rbSortLength");
+    program.window->findChild<QAction*>("menFindWithin")->trigger();
+    Report("the same in a list in order of length", program.TypeSearches("tbWithin"));
   } else if (what == "search") {
     program.Press(0, "*");
     std::vector<double> times;

@@ -20,6 +20,7 @@ constexpr std::array kPhrases = {
 constexpr std::string_view kBlanks = " \t";
 constexpr std::string_view kWordEnds = " \t,;";
 constexpr size_t kLongestCellShown = 200;  // In bytes.
+constexpr size_t kProgressSteps = 50;
 
 // The lower case of a letter of ASCII; 0 of everything else.
 constexpr std::array<char, 256> kLowerLetters = [] {
@@ -68,11 +69,14 @@ std::optional<Phrases> PhrasesOfOption(std::string_view option) {
   return std::nullopt;
 }
 
-void LexiconMaker::AddList(std::string_view bytes, int64_t mostLines) {
+void LexiconMaker::AddList(std::string_view bytes, int64_t mostLines, const std::function<void(int)>& progress) {
   std::string converted;
   std::string_view rest = AsUtf8(bytes, converted);
   const Separator separator = Settled(options_.separator, rest);
   words_.Expect(rest.size());
+  const size_t whole = rest.size();
+  // What is left when the next step is told.
+  size_t told = progress ? whole - whole / kProgressSteps : 0;
   for (int64_t line = 0; !rest.empty() && line < mostLines; ++line) {
     const bool heading = options_.heading && line == 0;
     size_t taken = heading ? 0 : AddPlainLine(rest);
@@ -87,6 +91,10 @@ void LexiconMaker::AddList(std::string_view bytes, int64_t mostLines) {
       }
     }
     rest.remove_prefix(taken);
+    if (rest.size() < told) {
+      progress(static_cast<int>((whole - rest.size()) * 100 / whole));
+      told = rest.size() - std::min(rest.size(), whole / kProgressSteps);
+    }
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <span>
@@ -50,8 +51,9 @@ class LexiconMaker {
  public:
   explicit LexiconMaker(MakerOptions options = {}) : options_(options) {}
 
-  // At most the first `mostLines` lines.
-  void AddList(std::string_view bytes, int64_t mostLines = std::numeric_limits<int64_t>::max());
+  // At most the first `mostLines` lines. `progress`, if given, is told now and then how many percent are read.
+  void AddList(std::string_view bytes, int64_t mostLines = std::numeric_limits<int64_t>::max(),
+               const std::function<void(int percent)>& progress = {});
 
   // Ends the collection.
   MadeLexicon Finish();

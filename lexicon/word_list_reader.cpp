@@ -49,6 +49,22 @@ WordListRead TooLarge(const std::string& name) {
   return Refused(name, "it is larger than 1 GB, the most that a lexicon is made of");
 }
 
+// Of a regular file.
+bool IsTooLarge(std::FILE* file) {
+  struct stat status {};
+  return fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode) &&
+         static_cast<uintmax_t>(status.st_size) > kMostListBytes;
+}
+
+// Size and time of the last change of a regular file; of others nothing.
+std::array<int64_t, 3> StateOf(std::FILE* file) {
+  struct stat status {};
+  if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return {};
+  }
+  return {status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+}
+
 // At most `most` bytes and one more, which says that there are more.
 WordListRead ReadUpTo(std::FILE* file, const std::string& name, size_t most) {
   WordListRead read;
@@ -101,12 +117,14 @@ WordListRead ReadWordList(const std::string& path, Pipes pipes) {
 }
 
 WordListRead ReadWordList(std::FILE* file, const std::string& name) {
-  struct stat status {};
-  if (fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode) &&
-      static_cast<uintmax_t>(status.st_size) > kMostListBytes) {
+  if (IsTooLarge(file)) {
     return TooLarge(name);
   }
+  const auto before = StateOf(file);
   WordListRead read = ReadUpTo(file, name, kMostListBytes);
+  if (!read.error && StateOf(file) != before) {
+    return Refused(name, "it changed while it was read; try again when it is complete");
+  }
   return read.bytes.size() > kMostListBytes ? TooLarge(name) : read;
 }
 
@@ -115,6 +133,9 @@ WordListRead ReadWordListHead(const std::string& path) {
   const FileHandle file = Open(path, Pipes::Refused, error);
   if (error) {
     return {{}, error};
+  }
+  if (IsTooLarge(file.get())) {
+    return TooLarge(path);
   }
   WordListRead read = ReadUpTo(file.get(), path, kHeadBytes);
   if (read.bytes.size() > kHeadBytes) {

@@ -23,11 +23,12 @@ struct WordListRead {
 // Whether something else than a regular file is read to its end, too: a pipe that nobody writes to waits for ever.
 enum class Pipes { Refused, Read };
 
-// All bytes of a list. Refused: a list of over 1 GB, a regular one before anything is read, and a compressed file.
+// All bytes of a list. Refused: a list of over 1 GB, a regular one before anything is read; a compressed file; a file
+// that something writes to meanwhile.
 WordListRead ReadWordList(const std::string& path, Pipes pipes);
 // The same of what is left of an open file, which messages call `name`.
 WordListRead ReadWordList(std::FILE* file, const std::string& name);
-// The whole lines among the first 4 MB of a regular file; of a longer line its start.
+// The whole lines among the first 4 MB of a regular file of at most 1 GB; of a longer line its start.
 WordListRead ReadWordListHead(const std::string& path);
 
 }  // namespace quorvane

@@ -1,11 +1,26 @@
 #include "results/result_list.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "base/text.h"
 #include "search/search_texts.h"
 
 namespace quorvane {
+namespace {
+
+// Keeps those of the set; `numbers` may be those of `kept`.
+void KeepThose(std::span<const WordNumber> numbers, const WordSet& words, FoundNumbers& kept) {
+  kept.Resize(numbers.size());
+  size_t count = 0;
+  for (const WordNumber number : numbers) {
+    kept[count] = number;  // Whether it counts or not: no branch to guess.
+    count += words.Has(number) ? 1U : 0U;
+  }
+  kept.Resize(count);
+}
+
+}  // namespace
 
 std::string WordSequence::Word(size_t i) const {
   switch (letterCase) {
@@ -35,6 +50,9 @@ void ResultList::Clear() {
   truncated_ = false;
   copyIsSorted_ = false;
   showsCopy_ = false;
+  foundSet_.reset();
+  ShowAll();
+  ++edition_;
 }
 
 void ResultList::Sort(SortOrder order, bool upperCase) {
@@ -48,6 +66,48 @@ void ResultList::Sort(SortOrder order, bool upperCase) {
   }
   truncated_ = false;
   listed_ = found_.size();
+  ShowNarrowed();
+}
+
+void ResultList::Narrow(const std::string& pattern, const PreparedCondition& prepared) {
+  if (lexicon_ == nullptr) {
+    return;
+  }
+  MakeReadyToNarrow();
+  narrowed_.emplace(Narrowing{pattern, foundSet_->Meeting(*lexicon_, prepared, shown_)});
+  if (showsCopy_ || !ascending_) {
+    ShowNarrowed();
+  }
+}
+
+void ResultList::MakeReadyToNarrow() {
+  if (!foundSet_ && lexicon_ != nullptr) {
+    const auto found = found_.Span();
+    foundSet_.emplace(*lexicon_, found);
+    ascending_ = std::adjacent_find(found.begin(), found.end(), std::greater_equal<>()) == found.end();
+    shown_.MakeReady(found.size());
+  }
+}
+
+void ResultList::ShowNarrowed() {
+  if (narrowed_) {
+    KeepThose(Whole().numbers, narrowed_->words, shown_);
+  }
+}
+
+void ResultList::KeepNarrowed() {
+  if (!narrowed_ || !search_) {
+    return;
+  }
+  search_->conditions.push_back({ConditionKind::And, narrowed_->pattern});
+  KeepThose(found_.Span(), narrowed_->words, found_);
+  if (copyIsSorted_) {
+    KeepThose(sorted_.Span(), narrowed_->words, sorted_);
+  }
+  truncated_ = false;
+  listed_ = found_.size();
+  foundSet_.reset();
+  ShowAll();
 }
 
 int ResultList::LongestFound() const {
@@ -62,17 +122,23 @@ WordSequence ResultList::FoundWordsCopy() const {
   return {lexicon_.get(), copyIsSorted_ ? sorted_.Span() : found_.Span(), copyCase_};
 }
 
+WordSequence ResultList::Whole() const {
+  return {lexicon_.get(), (showsCopy_ ? FoundWordsCopy() : FoundWords()).numbers, shownCase_};
+}
+
 WordSequence ResultList::Shown() const {
-  WordSequence shown = showsCopy_ ? FoundWordsCopy() : FoundWords();
-  shown.letterCase = shownCase_;
-  return shown;
+  return narrowed_ ? WordSequence{lexicon_.get(), shown_.Span(), shownCase_} : Whole();
+}
+
+std::span<const WordNumber> ResultList::Entries() const {
+  return narrowed_ ? shown_.Span() : Whole().numbers.first(listed_);
 }
 
 std::optional<size_t> ResultList::Find(std::string_view word) const {
   const std::string folded = FoldText(word);
-  const WordSequence shown = Shown();
-  for (size_t i = 0; i < listed_; ++i) {
-    const WordNumber number = shown.numbers[i];
+  const auto numbers = Entries();
+  for (size_t i = 0; i < numbers.size(); ++i) {
+    const WordNumber number = numbers[i];
     if (lexicon_->Lengths()[number] == folded.size() && lexicon_->FoldedWord(number) == folded) {
       return i;
     }
@@ -82,13 +148,13 @@ std::optional<size_t> ResultList::Find(std::string_view word) const {
 
 std::optional<size_t> ResultList::FindPrefix(std::string_view typed, size_t from) const {
   const std::string prefix = FoldText(typed);
-  const auto numbers = (showsCopy_ ? FoundWordsCopy() : FoundWords()).numbers.first(listed_);
+  const auto numbers = Entries();
   const size_t count = EntryCount();
-  const bool lastEntryBegins = truncated_ && FoldText(kTruncatedEntry).starts_with(prefix);
+  const bool lastEntryBegins = count > numbers.size() && FoldText(kTruncatedEntry).starts_with(prefix);
   if (lexicon_ == nullptr || !lexicon_->sorted() || !std::is_sorted(found_.Span().begin(), found_.Span().end())) {
     for (size_t k = 0; k < count; ++k) {
       const size_t i = (from + k) % count;
-      if (i < listed_ ? lexicon_->FoldedWord(numbers[i]).starts_with(prefix) : lastEntryBegins) {
+      if (i < numbers.size() ? lexicon_->FoldedWord(numbers[i]).starts_with(prefix) : lastEntryBegins) {
         return i;
       }
     }
@@ -113,15 +179,16 @@ std::optional<size_t> ResultList::FindPrefix(std::string_view typed, size_t from
     offer(static_cast<size_t>(first - numbers.begin()), static_cast<size_t>(last - numbers.begin()));
     run = end;
   }
-  offer(listed_, lastEntryBegins ? count : listed_);
+  offer(numbers.size(), lastEntryBegins ? count : numbers.size());
   return least < count ? std::optional((from + least) % count) : std::nullopt;
 }
 
 std::string ResultList::Entry(size_t i) const {
-  if (i >= listed_) {
-    return std::string(kTruncatedEntry);
-  }
-  return Shown().Word(i);
+  return narrowed_ ? Shown().Word(i) : WholeEntry(i);
+}
+
+std::string ResultList::WholeEntry(size_t i) const {
+  return i < listed_ ? Whole().Word(i) : std::string(kTruncatedEntry);
 }
 
 }  // namespace quorvane

@@ -12,9 +12,11 @@
 
 #include "lexicon/lexicon.h"
 #include "results/sort_order.h"
+#include "search/conditions.h"
 #include "search/emit.h"
 #include "search/scan.h"
 #include "search/search.h"
+#include "search/word_set.h"
 
 namespace quorvane {
 
@@ -47,6 +49,18 @@ class ResultList {
   // Shows the words in another order, in lower or upper case. Any but the order found is kept for saving.
   void Sort(SortOrder order, bool upperCase);
 
+  // What the next Narrow would take time for.
+  void MakeReadyToNarrow();
+  // Shows only those of the found words that fit the pattern, too; what was found stays. `prepared` is that of the
+  // pattern, which must fit. Until ShowAll or another list.
+  void Narrow(const std::string& pattern, const PreparedCondition& prepared);
+  void ShowAll() { narrowed_.reset(); }
+  bool Narrowed() const { return narrowed_.has_value(); }
+  // The words that are shown become all that were found, and the search that made the list gets the condition.
+  void KeepNarrowed();
+  // Another one after each search, and once the list was cleared.
+  size_t Edition() const { return edition_; }
+
   // The search that made the list; nothing before the first one and once the list was cleared.
   const std::optional<Search>& MadeBy() const { return search_; }
   size_t FoundCount() const { return found_.size(); }
@@ -65,9 +79,12 @@ class ResultList {
   }
 
   // The screen list: its entries, with a last one that says so when the list was truncated.
-  size_t EntryCount() const { return listed_ + (truncated_ ? 1 : 0); }
+  size_t EntryCount() const { return narrowed_ ? shown_.size() : WholeCount(); }
   std::string Entry(size_t i) const;
-  // All found words as the screen shows them.
+  // The same of the list as it is when it is not narrowed.
+  size_t WholeCount() const { return listed_ + (truncated_ ? 1 : 0); }
+  std::string WholeEntry(size_t i) const;
+  // All found words, or those that the list is narrowed to, as the screen shows them.
   WordSequence Shown() const;
   // The entry that shows the word, letter case apart; nothing when none does.
   std::optional<size_t> Find(std::string_view word) const;
@@ -76,6 +93,17 @@ class ResultList {
   std::optional<size_t> FindPrefix(std::string_view typed, size_t from) const;
 
  private:
+  struct Narrowing {
+    std::string pattern;
+    WordSet words;
+  };
+
+  // All found words in the order and the case of the screen.
+  WordSequence Whole() const;
+  // The words that are on the screen, without an entry that only says something.
+  std::span<const WordNumber> Entries() const;
+  void ShowNarrowed();
+
   std::optional<Search> search_;
   std::shared_ptr<const Lexicon> lexicon_;
   FoundNumbers found_;
@@ -88,6 +116,11 @@ class ResultList {
   size_t listed_ = 0;
   bool truncated_ = false;
   bool lastScanTruncated_ = false;
+  std::optional<WordSet> foundSet_;  // Once the list was to be narrowed.
+  bool ascending_ = false;           // What was found is, by its numbers; set with `foundSet_`.
+  std::optional<Narrowing> narrowed_;
+  FoundNumbers shown_;  // While the list is narrowed.
+  size_t edition_ = 0;
 };
 
 }  // namespace quorvane

@@ -46,8 +46,7 @@ std::optional<std::string> WhyNotASaveFile(const std::string& path, std::span<co
     return path + " is the name of a lexicon; a word list is not saved over it.";
   }
   for (const ProtectedFile& file : files) {
-    const bool same = fs::exists(path, error) && fs::exists(file.path, error) && fs::equivalent(path, file.path, error);
-    if (same || fs::path(path).lexically_normal() == fs::path(file.path).lexically_normal()) {
+    if (IsSameFile(path, file.path)) {
       return path + " is " + file.what + "; a word list is not saved over it.";
     }
   }

@@ -46,8 +46,11 @@ void Sieve::Add(const PreparedPattern& prepared, const CharacterLists& lists, un
   tests_.push_back(std::move(test));
 }
 
-void Sieve::Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors) {
+void Sieve::Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors, const uint64_t* among) {
   FilterWords(lexicon, filter_, first, count, survivors);
+  if (among != nullptr) {
+    survivors.Narrow([among](size_t block, uint64_t bits) { return bits & among[block]; });
+  }
   for (const auto& test : tests_) {
     if (survivors.Blocks().empty()) {
       return;

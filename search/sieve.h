@@ -17,8 +17,9 @@ class Sieve {
   explicit Sieve(const ScanRequest& request);
 
   // Fills `survivors` with those of the words `first` to `first + count - 1` that fit the pattern and meet all
-  // conditions. `count` is at most Survivors::kWords.
-  void Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors);
+  // conditions; where `among` is given, of those whose bits are set there. `count` is at most Survivors::kWords.
+  void Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors,
+            const uint64_t* among = nullptr);
 
  private:
   struct Test {

@@ -90,6 +90,12 @@ QString ScreenDoor::AskSavePath(QWidget* parent, const QString& title, const QSt
   return QFileDialog::getSaveFileName(parent, title, suggestion, filter);
 }
 
+QString ScreenDoor::AskOpenPath(QWidget* parent, const QString& title, const QString& suggestion,
+                                const QString& filter) {
+  const PlainCursor cursor;
+  return QFileDialog::getOpenFileName(parent, title, suggestion, filter);
+}
+
 void ScreenDoor::Beep() {
   QApplication::beep();
 }

@@ -29,6 +29,9 @@ class Door {
   // Asks where to write a file; empty when the question was cancelled.
   virtual QString AskSavePath(QWidget* parent, const QString& title, const QString& suggestion,
                               const QString& filter) = 0;
+  // Asks for a file to read; the same.
+  virtual QString AskOpenPath(QWidget* parent, const QString& title, const QString& suggestion,
+                              const QString& filter) = 0;
   virtual void Beep() = 0;
 
   // A plain message with OK. Lines of `text` may be parted by CR LF.
@@ -50,6 +53,7 @@ class ScreenDoor : public Door {
   Answer Ask(QWidget* parent, const Question& question) override;
   int Run(QDialog& dialog) override;
   QString AskSavePath(QWidget* parent, const QString& title, const QString& suggestion, const QString& filter) override;
+  QString AskOpenPath(QWidget* parent, const QString& title, const QString& suggestion, const QString& filter) override;
   void Beep() override;
 };
 

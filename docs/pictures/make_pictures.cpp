@@ -9,6 +9,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDateTime>
 #include <QDir>
 #include <QLabel>
@@ -19,6 +20,7 @@
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 #include <ctime>
@@ -72,11 +74,17 @@ class PictureDoor : public ScreenDoor {
     } else {
       Plan(dialog.objectName());
     }
+    if (dialog.objectName() == "frmImport") {
+      dialog.findChild<QPushButton*>("cmdBrowse")->click();
+      dialog.findChild<QCheckBox*>("cbHeading")->click();
+      dialog.findChild<QSpinBox*>("sbColumn")->setValue(2);
+    }
     if (auto* built = dialog.findChild<QLabel*>("lblCompiled")) {
       built->setText(built_);
     }
     return ScreenDoor::Run(dialog);
   }
+  QString AskOpenPath(QWidget*, const QString&, const QString&, const QString&) override { return list_; }
   void Beep() override {}
 
   void Save(QWidget& widget, const QString& name) {
@@ -85,6 +93,8 @@ class PictureDoor : public ScreenDoor {
   }
   // The next dialog is the choice of a lexicon, which is answered with `name`.
   void ChooseNext(const QString& name) { lexicon_ = name; }
+  // The file that is imported.
+  void Import(const QString& list) { list_ = list; }
 
  private:
   void Plan(const QString& name) {
@@ -99,6 +109,7 @@ class PictureDoor : public ScreenDoor {
   QString prefix_;
   QString built_;
   QString lexicon_;
+  QString list_;
 };
 
 constexpr int kMostRows = 5;  // Of a list, in the description.
@@ -169,6 +180,9 @@ class Studio {
     Save("search");
     std::ofstream tree(ToText(QDir(directory_).filePath("tree.txt")));
     Describe(QAccessible::queryAccessibleInterface(window_.get()), {}, tree);
+    Choose("menFindWithin");
+    QTest::keyClicks(window_->findChild<QLineEdit*>("tbWithin"), "*s");
+    Save("workbench_within");
     Type("=============");
     Save("refusal_scrabble");
     Search("listen");
@@ -219,6 +233,11 @@ class Studio {
       Choose(item);
     }
     Search("~12");
+    std::ofstream(ToText(folder_.filePath("breakfast.csv")), std::ios::binary)
+        << "No;Dish;Price\r\n1;Croissant;1.20\r\n2;Caf\xC3\xA9 cr\xC3\xA8me;2.40\r\n3;Porridge;3.00\r\n"
+           "4;\"M\xC3\xBCsli\";2.80\r\n5;porridge;3.10\r\n6;Nr. 7;0.90\r\n";
+    door_.Import(folder_.filePath("breakfast.csv"));
+    Choose("menImport");
   }
 
   // What the menu of that name adds, one thing a picture.

@@ -1,21 +1,19 @@
 #include "lexicon/window/frm_lex_name.h"
 
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <filesystem>
 
 #include "base/file.h"
 #include "base/window/labels.h"
-#include "base/window/qt_text.h"
 #include "lexicon/lexicon_name.h"
+#include "lexicon/window/lexicon_name_box.h"
 
 namespace quorvane {
 namespace {
 
 constexpr const char* kPrompt = "Enter new Lexicon name (don't include the .lex extension)";
-constexpr int kMaxName = 200;
 
 }  // namespace
 
@@ -26,9 +24,7 @@ FrmLexName::FrmLexName(std::string directory, Door& door, QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   QLabel* prompt = MakeLabel("lblName", kPrompt, {}, this);
   layout->addWidget(prompt);
-  tbName_ = Named(new QLineEdit(this), "tbName", kPrompt);
-  tbName_->setMaxLength(kMaxName);
-  tbName_->setAccessibleName("Lexicon name");
+  tbName_ = new LexiconNameBox("tbName", kPrompt, this);
   prompt->setBuddy(tbName_);
   layout->addWidget(tbName_);
   auto* buttons = new QHBoxLayout;
@@ -39,24 +35,12 @@ FrmLexName::FrmLexName(std::string directory, Door& door, QWidget* parent)
   buttons->addWidget(ok);
   buttons->addWidget(cancel);
   layout->addLayout(buttons);
-  connect(tbName_, &QLineEdit::textChanged, this, &FrmLexName::Clean);
   connect(ok, &QPushButton::clicked, this, &FrmLexName::AcceptName);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void FrmLexName::Clean() {
-  const QString typed = tbName_->text();
-  const QString clean = FromBytes(CleanLexiconName(ToBytes(typed)));
-  if (clean != typed) {
-    const int caret = tbName_->cursorPosition();
-    const auto kept = CleanLexiconName(ToBytes(typed.left(caret))).size();
-    tbName_->setText(clean);
-    tbName_->setCursorPosition(static_cast<int>(kept));
-  }
-}
-
 void FrmLexName::AcceptName() {
-  const std::string name = ToBytes(tbName_->text());
+  const std::string name = tbName_->Name();
   const std::string path = JoinPath(directory_, name + std::string(kLexiconExtension));
   std::error_code error;
   if (!name.empty() && std::filesystem::exists(path, error)) {

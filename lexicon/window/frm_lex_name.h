@@ -6,9 +6,9 @@
 
 #include "base/window/door.h"
 
-class QLineEdit;
-
 namespace quorvane {
+
+class LexiconNameBox;
 
 class FrmLexName : public QDialog {
   Q_OBJECT
@@ -20,12 +20,11 @@ class FrmLexName : public QDialog {
   const std::string& Name() const { return name_; }
 
  private:
-  void Clean();
   void AcceptName();
 
   const std::string directory_;
   Door& door_;
-  QLineEdit* tbName_ = nullptr;
+  LexiconNameBox* tbName_ = nullptr;
   std::string name_;
 };
 

@@ -5,8 +5,11 @@
 #include <QDrag>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMimeData>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include "base/window/labels.h"
@@ -29,6 +32,9 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   QLabel* caption = MakeLabel("lblAnswers", "Results :", {}, this);
+  auto* head = new QHBoxLayout;
+  layout->addLayout(head);
+  AddWithin(layout);
   lbWordList_ = Described(new WordListView(this), "lbWordList", "The words found; a double click copies one");
   lbWordList_->setAccessibleName("Results");
   SetRegionHeight(PixelsOfTwips(kFirstListTwips));
@@ -44,11 +50,9 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   lblLive_ = MakeLabel("lblLive", "", "How many words fit what is typed", this);
   lblLive_->setForegroundRole(QPalette::PlaceholderText);
   lblLive_->hide();
-  auto* head = new QHBoxLayout;
   head->addWidget(caption);
   head->addStretch();
   head->addWidget(lblLive_);
-  layout->addLayout(head);
   layout->addWidget(lbWordList_, 1);
   layout->addWidget(lblXofY_);
   model_ = new WordListModel(results_, this);
@@ -67,17 +71,81 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
   connect(lbWordList_, &WordListView::DragRequested, this, &ResultsPanel::DragSelected);
 }
 
+void ResultsPanel::AddWithin(QVBoxLayout* layout) {
+  within_ = new QWidget(this);
+  within_->setObjectName("withinRow");
+  auto* row = new QHBoxLayout(within_);
+  row->setContentsMargins(0, 0, 0, 0);
+  QLabel* caption = MakeLabel("lblWithinLit", "Within these:", {}, within_);
+  ShowsColour(caption, ColourElement::MainText);
+  tbWithin_ = Named(new QLineEdit(within_), "tbWithin",
+                    "A pattern that the words shown must fit, too; Enter keeps only them, Esc shows all again");
+  tbWithin_->setAccessibleName("Within these");
+  tbWithin_->installEventFilter(this);
+  caption->setBuddy(tbWithin_);
+  lblWithin_ = MakeReadableLabel("lblWithin", "How many of the words found are shown", within_);
+  ShowsColour(lblWithin_, ColourElement::MainText);
+  row->addWidget(caption);
+  row->addWidget(tbWithin_, 1);
+  row->addWidget(lblWithin_);
+  layout->addWidget(within_);
+  within_->hide();
+  connect(tbWithin_, &QLineEdit::textChanged, this, [this] {
+    if (HoldsKept(*tbWithin_, check_)) {
+      emit WithinChanged(ToBytes(tbWithin_->text()));
+    }
+  });
+  connect(tbWithin_, &QLineEdit::returnPressed, this, &ResultsPanel::WithinKept);
+}
+
+// Esc in the line shows all words again and leaves it.
+bool ResultsPanel::eventFilter(QObject* watched, QEvent* event) {
+  const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+  if (watched != tbWithin_ || !key || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) {
+    return QWidget::eventFilter(watched, event);
+  }
+  event->accept();
+  if (event->type() == QEvent::KeyPress) {
+    tbWithin_->clear();
+    FocusList();
+    CloseWithin();
+  }
+  return true;
+}
+
+void ResultsPanel::OpenWithin() {
+  results_.MakeReadyToNarrow();
+  within_->show();
+  tbWithin_->setFocus();
+  tbWithin_->selectAll();
+}
+
+void ResultsPanel::CloseWithin() {
+  const QSignalBlocker quiet(tbWithin_);
+  tbWithin_->clear();
+  within_->hide();
+}
+
+void ResultsPanel::ShowWithin(const QString& text) {
+  lblWithin_->setText(text);
+}
+
 void ResultsPanel::ChangeResults(const std::function<void(ResultList&)>& change) {
+  const size_t edition = results_.Edition();
   model_->BeginChange();
   try {
     change(results_);
   } catch (...) {  // Memory ran short: nothing half-made is shown.
     results_.Clear();
     model_->EndChange();
+    CloseWithin();
     SelectionChanged();
     throw;
   }
   model_->EndChange();
+  if (results_.Edition() != edition) {
+    CloseWithin();
+  }
   SelectionChanged();
 }
 
@@ -165,7 +233,9 @@ void ResultsPanel::DragSelected() {
   words->setText(SelectedText());
   auto* drag = new QDrag(lbWordList_);
   drag->setMimeData(words);
-  drag->exec(Qt::CopyAction);
+  if (drag->exec(Qt::CopyAction) != Qt::IgnoreAction) {
+    emit Dragged(count);
+  }
 }
 
 void ResultsPanel::SelectionChanged() {

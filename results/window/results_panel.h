@@ -8,8 +8,11 @@
 #include <vector>
 
 #include "results/result_list.h"
+#include "search/window/clean_box.h"
 
 class QLabel;
+class QLineEdit;
+class QVBoxLayout;
 
 namespace quorvane {
 
@@ -46,6 +49,12 @@ class ResultsPanel : public QWidget {
   void CopySelection();
   // Selects an entry and brings it into sight, or selects none.
   void Select(std::optional<size_t> entry);
+  // The line that narrows the list: what it keeps of a text; opened and made ready to type into; closed and emptied, as
+  // another list closes it; what it says.
+  void SetCheck(KeptText check) { check_ = std::move(check); }
+  void OpenWithin();
+  void CloseWithin();
+  void ShowWithin(const QString& text);
   // A grey text beside the caption; none for an empty one.
   void ShowLive(const QString& text);
   // Whether the list is shown in grey, since it is not that of the text in the box.
@@ -56,11 +65,20 @@ class ResultsPanel : public QWidget {
   void EntrySelected(const QString& word);
   void EntryDoubleClicked();
   void LeaveRequested();
+  // The line that narrows the list holds another text; Enter was pressed in it.
+  void WithinChanged(const std::string& text);
+  void WithinKept();
+  // So many selected words were dropped elsewhere.
+  void Dragged(size_t count);
   // The menu of the selected words is wanted at a place on the screen.
   void MenuRequested(const QPoint& place);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   void SelectionChanged();
+  void AddWithin(QVBoxLayout* layout);
   void DragSelected();
 
   ResultList results_;
@@ -68,6 +86,10 @@ class ResultsPanel : public QWidget {
   WordListView* lbWordList_ = nullptr;
   QLabel* lblXofY_ = nullptr;
   QLabel* lblLive_ = nullptr;
+  QWidget* within_ = nullptr;
+  QLineEdit* tbWithin_ = nullptr;
+  QLabel* lblWithin_ = nullptr;
+  KeptText check_;
 };
 
 }  // namespace quorvane

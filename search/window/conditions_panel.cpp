@@ -49,19 +49,14 @@ ConditionsPanel::ConditionsPanel(QWidget* parent) : QWidget(parent) {
   hide();
 }
 
-// What the box does not take goes, without a word.
 void ConditionsPanel::Clean(const Box& box) {
-  const std::string typed = ToBytes(box.box->text());
   const bool pattern = box.kind == ConditionKind::And || box.kind == ConditionKind::Not;
-  const auto caret = static_cast<size_t>(box.box->cursorPosition());
-  const std::string kept = pattern ? check_(typed, caret) : KeepLetters(typed, box.kind == ConditionKind::From, true);
-  if (kept != typed) {
-    const size_t shorter = typed.size() > kept.size() ? typed.size() - kept.size() : 0;
-    box.box->setText(FromBytes(kept));  // Comes back here with a clean text.
-    box.box->setCursorPosition(static_cast<int>(caret > shorter ? caret - shorter : 0));
-    return;
+  const auto letters = [&box](const std::string& text, size_t) {
+    return KeepLetters(text, box.kind == ConditionKind::From, true);
+  };
+  if (HoldsKept(*box.box, pattern ? check_ : KeptText(letters))) {
+    emit Changed();
   }
-  emit Changed();
 }
 
 std::vector<Condition> ConditionsPanel::Conditions() const {

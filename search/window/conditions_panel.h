@@ -2,11 +2,10 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
-#include <string>
 #include <vector>
 
 #include "search/search.h"
+#include "search/window/clean_box.h"
 
 class QLineEdit;
 
@@ -19,7 +18,7 @@ class ConditionsPanel : public QWidget {
   explicit ConditionsPanel(QWidget* parent);
 
   // Says what the input check leaves of a pattern.
-  void SetCheck(std::function<std::string(const std::string& text, size_t caret)> check) { check_ = std::move(check); }
+  void SetCheck(KeptText check) { check_ = std::move(check); }
   std::vector<Condition> Conditions() const;
   void FocusFirst();
 
@@ -34,7 +33,7 @@ class ConditionsPanel : public QWidget {
   };
   void Clean(const Box& box);
 
-  std::function<std::string(const std::string& text, size_t caret)> check_;
+  KeptText check_;
   std::vector<Box> boxes_;
 };
 

@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <atomic>
 #include <filesystem>
 #include <random>
 #include <set>
+#include <thread>
 #include <vector>
 
 #include "lexicon/word_list_reader.h"
@@ -206,6 +208,21 @@ TEST(ReadWordList, RefusesWhatIsNoList) {
   }
   EXPECT_EQ(ReadWordList(directory.Write("word", "BZhivago\n"), Pipes::Refused).bytes, "BZhivago\n");
   EXPECT_EQ(ReadWordListHead(line).bytes, std::string(kHeadBytes - 3, 'x') + "\n");
+  EXPECT_TRUE(ReadWordListHead(large).error);
+  // A list that is being written is read until it was seen to change.
+  std::atomic<bool> seen = false;
+  std::thread writer([&] {
+    for (const FileHandle file(std::fopen(line.c_str(), "ab")); !seen;) {
+      std::fputs("word\n", file.get());
+      std::fflush(file.get());
+    }
+  });
+  for (int i = 0; i < 100'000 && !seen; ++i) {
+    const WordListRead read = ReadWordList(line, Pipes::Refused);
+    seen = read.error && read.error->reason == "it changed while it was read; try again when it is complete";
+  }
+  EXPECT_TRUE(seen.exchange(true));
+  writer.join();
 }
 
 TEST(LexiconMaker, AFullDiskIsAnError) {

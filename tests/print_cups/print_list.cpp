@@ -30,6 +30,7 @@ class PipeDoor : public Door {
   }
   int Run(QDialog& /*dialog*/) override { return QDialog::Rejected; }
   QString AskSavePath(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
+  QString AskOpenPath(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
   void Beep() override {}
 
  private:

@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "results/result_list.h"
 #include "results/results_file.h"
+#include "results/search_run.h"
 #include "results/sorting.h"
 #include "results/statistics.h"
 #include "results/summary.h"
@@ -68,6 +69,72 @@ Words InCase(Words words, bool upperCase) {
     word = upperCase ? UpperText(word) : FoldText(word);
   }
   return words;
+}
+
+// A narrowed list against the search that has the condition from the start, and what was found against itself.
+TEST(ResultList, NarrowsAsAConditionDoes) {
+  std::mt19937 engine(23);
+  const auto text = [&engine](std::string_view characters, size_t longest) {
+    std::string made;
+    for (auto length = 1 + engine() % longest; length > 0; --length) {
+      made += characters[engine() % characters.size()];
+    }
+    return made;
+  };
+  Words words(100'000);  // More than one chunk of a scan.
+  for (std::string& word : words) {
+    word = text("abcde", 1) + text("abcdeABC-", 9);
+  }
+  std::sort(words.begin(), words.end(), [](const std::string& a, const std::string& b) {
+    return std::pair(FoldText(a), a) < std::pair(FoldText(b), b);
+  });
+  words.erase(std::unique(words.begin(), words.end()), words.end());
+  const auto lexicon = LoadLexiconBytes(Lines(words)).lexicon;
+  ASSERT_NE(lexicon, nullptr);
+  class NoRandom : public RandomSource {
+    double NextFraction() override { return 0; }
+  } random;
+  const auto run = [&](const Search& search, ResultList& list) {
+    const SearchRun prepared(search);
+    prepared.List(lexicon, random, {}, list);
+  };
+  int kept = 0;
+  for (int i = 0; i < 120; ++i) {
+    Search search;
+    search.text = "*" + text("abc?@1", 3) + (i % 2 == 0 ? "*" : "");
+    const std::string pattern = i % 9 == 0 ? ";" + text("abc", 3) : text("abc?@#*12", 5);
+    Search narrower = search;
+    narrower.conditions = {{ConditionKind::And, pattern}};
+    const PreparedConditions conditions = PrepareConditions(narrower);
+    if (SearchRun(narrower).Prepared().refusal) {
+      continue;
+    }
+    SCOPED_TRACE(search.text + " and " + pattern);
+    ResultList wanted;
+    run(narrower, wanted);
+    ResultList list;
+    run(search, list);
+    const Words found = WordsOf(list.FoundWords());
+    const auto order = static_cast<SortOrder>(engine() % 3);
+    list.Sort(static_cast<SortOrder>(engine() % 3), true);
+    list.Narrow(pattern, conditions.all.front());
+    list.Sort(order, false);
+    wanted.Sort(order, false);
+    ASSERT_EQ(EntriesOf(list), EntriesOf(wanted));
+    ASSERT_EQ(WordsOf(list.Shown()), EntriesOf(list));
+    ASSERT_EQ(WordsOf(list.FoundWords()), found);
+    ASSERT_EQ(list.WholeCount(), found.size());
+    if (const std::string start = text("abc", 2); list.EntryCount() > 0) {
+      ASSERT_EQ(list.FindPrefix(start, 0), wanted.FindPrefix(start, 0));
+      ASSERT_EQ(list.Find(list.Entry(list.EntryCount() - 1)), wanted.Find(list.Entry(list.EntryCount() - 1)));
+    }
+    list.KeepNarrowed();
+    ASSERT_EQ(EntriesOf(list), EntriesOf(wanted));
+    ASSERT_EQ(WordsOf(list.WordsIn(order)), WordsOf(wanted.WordsIn(order)));
+    ASSERT_EQ(ConditionTexts(*list.MadeBy()), ConditionTexts(narrower));
+    kept += list.FoundCount() > 0 ? 1 : 0;
+  }
+  EXPECT_GT(kept, 40);
 }
 
 TEST(ResultList, SortsLikePassesOverEveryLength) {

@@ -72,9 +72,9 @@ TEST_F(MainWindowTest, FunctionKeysOpenTheirWindows) {
       Key(key);
       EXPECT_EQ(door.TakeDialogs(), Texts{dialog}) << focus;
       EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << focus;
-      // With a modifier the key is no command.
+      // With a modifier the key is not that command.
       Key(key, Qt::ShiftModifier);
-      EXPECT_EQ(door.TakeDialogs(), Texts{}) << focus;
+      EXPECT_EQ(door.TakeDialogs(), key == Qt::Key_F7 ? Texts{"frmImport"} : Texts{}) << focus;
     }
   }
 }

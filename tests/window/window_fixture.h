@@ -29,6 +29,7 @@ class TestDoor : public Door {
   Answer Ask(QWidget* parent, const Question& question) override;
   int Run(QDialog& dialog) override;
   QString AskSavePath(QWidget* parent, const QString& title, const QString& suggestion, const QString& filter) override;
+  QString AskOpenPath(QWidget*, const QString&, const QString&, const QString&) override { return openPath; }
   void Beep() override { ++beeps; }
 
   // The text of the last message and whether there were exactly that many since the last call.
@@ -41,6 +42,7 @@ class TestDoor : public Door {
   std::vector<std::string> dialogs;
   std::deque<std::function<void(QDialog&)>> scripts;
   QString savePath;
+  QString openPath;
   int beeps = 0;
 };
 

@@ -107,6 +107,74 @@ TEST_F(WorkbenchTest, ConditionsAndTheReading) {
   EXPECT_EQ(Text("tbNot"), "*t");
 }
 
+TEST_F(WorkbenchTest, FindWithinTheseNarrowsWhatIsShownAlone) {
+  ASSERT_TRUE(Start());
+  EXPECT_FALSE(Item("menFindWithin")->isEnabled());
+  Search("*a*");
+  const std::string file = ReadFile(dir.File("outlist.txt"));
+  NewLog();
+  Key(Qt::Key_F, Qt::ControlModifier);
+  auto* within = Find<QLineEdit>("tbWithin");
+  EXPECT_EQ(Text("lblWithin"), "10");
+  const struct {
+    const char *text, *left, *shown;
+    Texts entries;
+  } cases[] = {
+      {"a*b*", "a*b*", "2 of 10", {"ab", "abba"}},
+      {"??t&/", "??t", "3 of 10", {"bat", "cat", "eat"}},
+      {"1221", "1221", "1 of 10", {"abba"}},
+      {"zz", "zz", "0 of 10", {}},
+      {"%", "%", "-", {"a", "ab", "abba", "aha", "bat", "cat", "eat", "kayak", "tab", "tea"}},
+      {"~4", "", "10", {"a", "ab", "abba", "aha", "bat", "cat", "eat", "kayak", "tab", "tea"}},
+      {"?a*", "?a*", "5 of 10", {"bat", "cat", "eat", "kayak", "tab"}},
+  };
+  for (const auto& [text, left, shown, entries] : cases) {
+    within->selectAll();
+    QTest::keyClicks(within, text);
+    EXPECT_EQ(Text("tbWithin") + " " + Text("lblWithin"), std::string(left) + " " + shown);
+    EXPECT_EQ(Entries(), entries) << text;
+  }
+  const Texts kept = {"bat", "cat", "eat", "kayak", "tab"};
+  // What is shown is copied and exported, and said so; what is saved is what was found.
+  Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::clipboard()->text() + FromText(Status()), "bat\ncat\neat\nkayak\ntab\n5 of 10 words copied");
+  door.scripts.push_back([this](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Export 5 of 10 words");
+    In<QLineEdit>(dialog, "tbExportFile")->setText(FromText(dir.File("some.txt")));
+    ClickOn(In(dialog, "cmdOK"));
+  });
+  Key(Qt::Key_F8, Qt::ShiftModifier);
+  EXPECT_EQ(Status(), "5 of 10 words have been exported to " + dir.File("some.txt"));
+  EXPECT_EQ(ReadFile(dir.File("some.txt")), Lines(kept, "\n"));
+  Key(Qt::Key_F8);
+  EXPECT_EQ(ReadFile(dir.File("outlist.txt")), file);
+  // Esc shows all again; Enter makes the words shown the list, and says nothing to the log.
+  QTest::keyClick(within, Qt::Key_Escape);
+  EXPECT_EQ(Entries().size(), 10U);
+  EXPECT_TRUE(Find("lbWordList")->hasFocus() && !within->isVisible());
+  Key(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(within, "zz\r");
+  EXPECT_EQ(Status(), "None of the words fits, so the list stays.");
+  within->selectAll();
+  QTest::keyClicks(within, "?a*");
+  NewLog();
+  QTest::keyClick(within, Qt::Key_Return);
+  EXPECT_EQ(Entries(), kept);
+  EXPECT_EQ(Status(), "The list is now 5 words");
+  EXPECT_EQ(ReadFile(dir.File("outlist.txt")), file) << "autosave waits for a search";
+  EXPECT_EQ(NewLog(), Texts{});
+  Key(Qt::Key_F8);
+  EXPECT_TRUE(ReadFile(dir.File("outlist.txt"))
+                  .starts_with("5 words found matching the word pattern \"*a*\"\r\n and: ?a*\r\n\r\n"));
+  // Another list closes the line.
+  Key(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(within, "b*");
+  Search("c?t");
+  EXPECT_EQ(Entries(), (Texts{"cat", "cot"}));
+  EXPECT_TRUE(!within->isVisible() && within->text().isEmpty());
+  EXPECT_EQ(door.TakeText() + std::to_string(door.TakeBeeps()), "0");
+}
+
 TEST_F(WorkbenchTest, WordsOutOfTheList) {
   ASSERT_TRUE(Start());
   Search("c?t");
