@@ -4,6 +4,7 @@
 #include <array>
 
 #include "app/file_controller.h"
+#include "app/history_controller.h"
 #include "app/option_controller.h"
 #include "app/option_table.h"
 #include "app/search_controller.h"
@@ -49,6 +50,11 @@ bool AnagramsAllowed(const CommandState& state) {
 
 bool PalindromesAllowed(const CommandState& state) {
   return state.session.input.palindrome;
+}
+
+bool KeepsHistory(const CommandState& state) {
+  const auto found = state.session.options.find(Option::KeepHistory);
+  return found != state.session.options.end() && found->second;
 }
 
 constexpr std::array kFile = {
@@ -170,6 +176,9 @@ const std::array kWorkbench = {
         [](const Controllers& c, int) { c.workbench.Export(); }, HasFound),
     WorkbenchItem(Command::ShowWildcardsBeside, "menWildcardsBeside", "Wildcards &beside the work", "",
                   [](const Controllers& c, int) { c.workbench.ShowWildcardsBeside(); }),
+    WorkbenchItem(
+        Command::ShowSearches, "menSearches", "Searc&hes ...", "Ctrl+H",
+        [](const Controllers& c, int) { c.history.ShowSearches(); }, KeepsHistory),
     WorkbenchItem(Command::GoToList, "menGoToList", "Go to the &list", "Ctrl+Down",
                   [](const Controllers& c, int) { c.workbench.GoToList(); }),
     WorkbenchItem(Command::GoToPattern, "menGoToPattern", "Go to the &pattern", "Ctrl+Up",

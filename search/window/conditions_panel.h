@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "search/search.h"
+#include "search/control_state.h"
 
 class QLineEdit;
 
@@ -21,6 +21,9 @@ class ConditionsPanel : public QWidget {
   // Says what the input check leaves of a pattern.
   void SetCheck(std::function<std::string(const std::string& text, size_t caret)> check) { check_ = std::move(check); }
   std::vector<Condition> Conditions() const;
+  ConditionRow Row() const;
+  // Shows the row, without a word of it.
+  void Show(const ConditionRow& row);
   void FocusFirst();
 
  signals:
