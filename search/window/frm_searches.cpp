@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QTreeView>
@@ -56,7 +57,6 @@ FrmSearches::FrmSearches(QWidget* parent) : QDialog(parent) {
   layout->addWidget(lblNote_);
   search_ = MakeButton("cmdSearch", "&Search", "Search it again (Enter)");
   name_ = MakeButton("cmdName", "&Name", "Name the search, or change its name (Ctrl+N)");
-  name_->setShortcut(QKeySequence("Ctrl+N"));
   forget_ = MakeButton("cmdForget", "&Forget", "Forget the search (Del)");
   forgetAll_ = MakeButton("cmdForgetAll", "Forget &all", "Forget every search");
   QPushButton* close = MakeButton("cmdClose", "Close", "Close this window");
@@ -74,6 +74,7 @@ FrmSearches::FrmSearches(QWidget* parent) : QDialog(parent) {
   connect(lvSearches_, &QTreeView::doubleClicked, this, &FrmSearches::SearchChosen);
   connect(search_, &QPushButton::clicked, this, &FrmSearches::SearchChosen);
   connect(name_, &QPushButton::clicked, this, &FrmSearches::NameChosen);
+  connect(new QShortcut(QKeySequence("Ctrl+N"), this), &QShortcut::activated, this, &FrmSearches::NameChosen);
   connect(forget_, &QPushButton::clicked, this, &FrmSearches::ForgetChosen);
   connect(forgetAll_, &QPushButton::clicked, this, &FrmSearches::ForgetAllRequested);
   connect(close, &QPushButton::clicked, this, &QDialog::close);
