@@ -61,7 +61,7 @@ TEST_F(CommandLine, SearchesComeBackFromEveryShell) {
   std::string commands;
   std::string expected;
   size_t found = 0;
-  for (int done = 0; done < 300;) {
+  for (int done = 0; done < 150;) {
     const SearchRun run = generator.Run();
     if (run.Asked().text.empty() || run.Prepared().refusal || run.Prepared().randomCount) {
       continue;
@@ -76,19 +76,15 @@ TEST_F(CommandLine, SearchesComeBackFromEveryShell) {
     for (size_t i = 0; i < words.numbers.size(); ++i) {
       expected += words.Word(i) + "\n";
     }
-    expected += "--\n";
+    expected += ".\n";
     found += words.numbers.size();
     commands +=
         CommandOf({run.Asked(), order, upper, lexicon, generator.Below(2) == 0 ? nasty : "/elsewhere", "/usual"}) +
-        "; echo --\n";
+        "; echo .\n";
     ++done;
   }
-  EXPECT_GT(found, 300u);
+  EXPECT_GT(found, 100u);
   directory_.Write("commands", commands);
-  if (getenv("DUMP")) {
-    std::filesystem::copy_file(directory_.File("commands"), "/tmp/h-commands",
-                               std::filesystem::copy_options::overwrite_existing);
-  }
   for (const std::string shell : {"sh", "bash", "zsh", "fish"}) {
     const Result result =
         Run("PATH=${Q%/*}:$PATH; command -v " + shell + " >/dev/null || exit 77; " + shell + " commands");
