@@ -171,6 +171,8 @@ const std::array kWorkbench = {
     WorkbenchItem(
         Command::CopyAll, "menCopyAll", "&Copy all words", "Ctrl+Shift+C",
         [](const Controllers& c, int) { c.workbench.CopyAll(); }, HasFound),
+    WorkbenchItem(Command::CopyAsCommand, "menCopyAsCommand", "Copy &as command", "Ctrl+Alt+C",
+                  [](const Controllers& c, int) { c.workbench.CopyAsCommand(); }),
     WorkbenchItem(
         Command::Export, "menExport", "&Export ...", "Shift+F8",
         [](const Controllers& c, int) { c.workbench.Export(); }, HasFound),

@@ -67,6 +67,7 @@ enum class Command {
   GoToPattern,
   MoreConditions,
   CopyAll,
+  CopyAsCommand,
   Export,
   ShowWildcardsBeside,
   ShowSearches,
