@@ -36,6 +36,7 @@ constexpr int kWideTwips = 3675;
 constexpr int kListWidth = 280;
 constexpr int kRightColumnWidth = 190;
 constexpr int kGroupSpacing = 8;
+constexpr int kHistoryDelay = 200;  // Milliseconds from the ready window: the start does not wait for the history.
 
 // The same palette with each colour set by itself: none is taken over from the widget around.
 QPalette EveryRoleOf(const QPalette& palette) {
@@ -101,7 +102,7 @@ bool MainWindow::Start() {
     ShutDown(services_, session_);
   }
   if (ready) {
-    QTimer::singleShot(0, this, [this] { history_.ReadAtStart(); });
+    QTimer::singleShot(kHistoryDelay, this, [this] { history_.ReadAtStart(); });
   }
   return ready;
 }

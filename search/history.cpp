@@ -13,6 +13,8 @@
 
 #include "base/locked_file.h"
 #include "base/text.h"
+#include "search/conditions.h"
+#include "search/length_range.h"
 #include "search/search_json.h"
 
 namespace quorvane {
@@ -187,9 +189,23 @@ std::string JsonOf(const HistoryEntry& entry) {
 }
 
 std::string SearchKey(const Search& search) {
-  Json object;
-  PutSearch(search, object);
-  return object.dump();
+  std::string key;
+  const auto add = [&key](std::string_view text) { key += std::to_string(text.size()) + ":" + std::string(text); };
+  for (const std::string& text :
+       {search.text, search.noun, search.lists.include, search.lists.exclude, search.lists.scrabble}) {
+    add(text);
+  }
+  add(FactsOf(search.mode).option);
+  add(search.lengths.any ? "" : LengthText(search.lengths));
+  for (const ConditionFacts& facts : ConditionKinds()) {
+    for (const Condition& condition : search.conditions) {
+      if (condition.kind == facts.kind) {
+        add(facts.option);
+        add(condition.text);
+      }
+    }
+  }
+  return key;
 }
 
 std::string HistoryRead::Text() const {

@@ -79,7 +79,8 @@ QVariant SearchesModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
       return Text(row, column);
     case Qt::ToolTipRole:
-      return column == kReading ? QVariant(SearchedText(row.entry).left(kMostShown)) : QVariant();
+      return column == kReading ? QVariant((row.reading + "\n" + SearchedText(row.entry)).left(kMostShown))
+                                : QVariant();
     case Qt::TextAlignmentRole:
       return column == kWords ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case kSortRole:
