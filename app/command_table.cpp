@@ -4,6 +4,7 @@
 #include <array>
 
 #include "app/file_controller.h"
+#include "app/history_controller.h"
 #include "app/option_controller.h"
 #include "app/option_table.h"
 #include "app/search_controller.h"
@@ -49,6 +50,11 @@ bool AnagramsAllowed(const CommandState& state) {
 
 bool PalindromesAllowed(const CommandState& state) {
   return state.session.input.palindrome;
+}
+
+bool KeepsHistory(const CommandState& state) {
+  const auto found = state.session.options.find(Option::KeepHistory);
+  return found != state.session.options.end() && found->second;
 }
 
 constexpr std::array kFile = {
@@ -168,6 +174,8 @@ const std::array kWorkbench = {
     WorkbenchItem(
         Command::CopyAll, "menCopyAll", "&Copy all words", "Ctrl+Shift+C",
         [](const Controllers& c, int) { c.workbench.CopyAll(); }, HasFound),
+    WorkbenchItem(Command::CopyAsCommand, "menCopyAsCommand", "Copy &as command", "Ctrl+Alt+C",
+                  [](const Controllers& c, int) { c.workbench.CopyAsCommand(); }),
     WorkbenchItem(
         Command::Export, "menExport", "&Export ...", "Shift+F8",
         [](const Controllers& c, int) { c.workbench.Export(); }, HasFound),
@@ -175,6 +183,9 @@ const std::array kWorkbench = {
                   [](const Controllers& c, int) { c.files.ImportList(); }),
     WorkbenchItem(Command::ShowWildcardsBeside, "menWildcardsBeside", "Wildcards &beside the work", "",
                   [](const Controllers& c, int) { c.workbench.ShowWildcardsBeside(); }),
+    WorkbenchItem(
+        Command::ShowSearches, "menSearches", "Searc&hes ...", "Ctrl+H",
+        [](const Controllers& c, int) { c.history.ShowSearches(); }, KeepsHistory),
     WorkbenchItem(Command::GoToList, "menGoToList", "Go to the &list", "Ctrl+Down",
                   [](const Controllers& c, int) { c.workbench.GoToList(); }),
     WorkbenchItem(Command::GoToPattern, "menGoToPattern", "Go to the &pattern", "Ctrl+Up",

@@ -15,6 +15,7 @@ class SearchController;
 class FileController;
 class OptionController;
 class WorkbenchController;
+class HistoryController;
 
 // Everything that carries a command out.
 struct Controllers {
@@ -22,6 +23,7 @@ struct Controllers {
   FileController& files;
   OptionController& options;
   WorkbenchController& workbench;
+  HistoryController& history;
 };
 
 // What the rules of the commands look at.
@@ -67,8 +69,10 @@ enum class Command {
   FindWithin,
   ImportList,
   CopyAll,
+  CopyAsCommand,
   Export,
   ShowWildcardsBeside,
+  ShowSearches,
 };
 
 struct CommandRow {

@@ -20,6 +20,7 @@
 #include "print/window/printing.h"
 #include "results/results_file.h"
 #include "results/summary.h"
+#include "search/history.h"
 
 namespace quorvane {
 namespace {
@@ -101,6 +102,38 @@ bool FileController::LoadLexiconFile(const std::string& path) {
   return true;
 }
 
+void FileController::LexiconOpened(const std::string& name) {
+  services_.log.Write(event::kNewLexicon,
+                      std::to_string(session_.lexicon->count()) + " words defined in lexicon file '" + name + "'");
+  SaveSetting(services_.settings, Setting::LexiconFile, name);
+  view_.ShowLexicon(name);
+}
+
+std::optional<std::string> FileController::SwitchLexicon(const std::string& name) {
+  if (name.empty() || name == GetSetting(services_.settings, Setting::LexiconFile)) {
+    return std::nullopt;
+  }
+  const std::string path = ResolvePath(services_.programDirectory, name);
+  if (!FileExists(path)) {
+    return "is gone";
+  }
+  if (NotRegular(path)) {
+    return "is no file";
+  }
+  const LoadResult result = [&] {
+    const Hourglass hourglass;
+    const MovingBar bar(view_);
+    return LoadLexicon(path, kLexiconCapacity, TextSource::Read, bar.Mover());
+  }();
+  if (result.outcome != LoadOutcome::Ok) {
+    return "can't be used";
+  }
+  session_.lexicon = result.lexicon;
+  session_.lexiconPath = path;
+  LexiconOpened(name);
+  return std::nullopt;
+}
+
 void FileController::OpenNewLexicon() {
   const std::string current = GetSetting(services_.settings, Setting::LexiconFile);
   FrmNewLex choice(services_.programDirectory, current, view_.Window());
@@ -120,10 +153,8 @@ void FileController::OpenNewLexicon() {
 
 void FileController::Introduce(const std::string& name) {
   const int32_t count = session_.lexicon->count();
-  services_.log.Write(event::kNewLexicon, std::to_string(count) + " words defined in lexicon file '" + name + "'");
+  LexiconOpened(name);
   session_.input.noun = FactsOf(WordType::WordList).noun;  // Of the next search.
-  SaveSetting(services_.settings, Setting::LexiconFile, name);
-  view_.ShowLexicon(name);
   services_.door.Show(view_.Window(), "    New lexicon file\r\n\r\n    " + name + "\r\n\r\nhas been loaded\r\nwith " +
                                           FormatThousands(count) + " words.");
 }
@@ -197,6 +228,7 @@ std::vector<ProtectedFile> FileController::ProtectedFiles() const {
   return {{session_.lexiconPath, "the lexicon in use"},
           {services_.log.path(), "the log"},
           {services_.settingsFile, "the settings file"},
+          {JoinPath(services_.programDirectory, kHistoryName), "the history"},
           {OwnOrInstalled(services_.programDirectory, ExecutableDirectory(), kHelpFileName), "the help"}};
 }
 

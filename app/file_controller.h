@@ -42,6 +42,9 @@ class FileController {
   void TakeDropped(const std::vector<std::string>& paths);
   // Loads `path`; false when the lexicon is unusable and the program has ended.
   bool LoadLexiconFile(const std::string& path);
+  // Takes another lexicon, as it is named in the settings, without a question; "" is the one in use. Why not, as the
+  // end of a sentence about it; then the one in use stays.
+  std::optional<std::string> SwitchLexicon(const std::string& name);
   void ChangeSaveName();
   void SaveList();
   // Without being asked: true when the list was written.
@@ -56,6 +59,8 @@ class FileController {
   void Exit();
 
  private:
+  // Says that the session's lexicon is another one.
+  void LexiconOpened(const std::string& name);
   bool WriteResults(bool automatic);
   // The files that results never replace.
   std::vector<ProtectedFile> ProtectedFiles() const;

@@ -9,6 +9,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -36,6 +37,7 @@ constexpr int kWideTwips = 3675;
 constexpr int kListWidth = 280;
 constexpr int kRightColumnWidth = 190;
 constexpr int kGroupSpacing = 8;
+constexpr int kHistoryDelay = 200;  // Milliseconds from the ready window: the start does not wait for the history.
 
 // The same palette with each colour set by itself: none is taken over from the widget around.
 QPalette EveryRoleOf(const QPalette& palette) {
@@ -55,9 +57,12 @@ MainWindow::MainWindow(Services& services)
     : services_(services),
       colours_(*this),
       files_(*this, session_, services),
-      searching_(*this, session_, services, [this] { return files_.AutoSave(); }),
+      searching_(
+          *this, session_, services, [this] { return files_.AutoSave(); },
+          [this](const Search& search, size_t found) { history_.Record(search, found); }),
       options_(*this, session_, services),
-      workbench_(*this, session_, services, searching_, files_) {
+      workbench_(*this, session_, services, searching_, files_),
+      history_(*this, session_, services, searching_, files_) {
   setObjectName("Quorvane");
   // The stored colours are made for a light window; what lies outside it follows the desktop.
   setPalette(LightPalette());
@@ -65,12 +70,16 @@ MainWindow::MainWindow(Services& services)
   MakePanels();
   LayOut();
   menu_ = std::make_unique<CommandMenu>(
-      *this, Controllers{searching_, files_, options_, workbench_}, [this] { return State(); },
+      *this, Controllers{searching_, files_, options_, workbench_, history_}, [this] { return State(); },
       [this](std::string_view name, const std::function<void()>& command) { Do(name, command); });
-  menu_->OnOpening(Menu::Select, [this] { searching_.RefreshListCaptions(); });
+  menu_->OnOpening(Menu::Select, [this] {
+    history_.EndWalk();
+    searching_.RefreshListCaptions();
+  });
   menu_->OnOpening(Menu::Options,
                    [this] { menu_->SetCaption(Command::ClearLog, 0, FromText(services_.log.ClearCaption())); });
   WireSearch();
+  WireHistory();
   WireResults();
   SetTabOrder();
   qApp->installEventFilter(this);
@@ -81,6 +90,7 @@ MainWindow::MainWindow(Services& services)
 
 MainWindow::~MainWindow() {
   qApp->removeEventFilter(this);
+  pattern_->disconnect(this);  // It loses the focus when nobody can hear of it.
   if (!session_.ended) {
     End("Application terminated successfully");
   }
@@ -94,6 +104,9 @@ bool MainWindow::Start() {
     session_.stopFlag = true;
     session_.exitStatus = 1;
     ShutDown(services_, session_);
+  }
+  if (ready) {
+    QTimer::singleShot(kHistoryDelay, this, [this] { history_.ReadAtStart(); });
   }
   return ready;
 }
@@ -168,14 +181,19 @@ void MainWindow::LayOut() {
 }
 
 void MainWindow::Do(std::string_view tried, const std::function<void()>& command) {
-  Guarded(services_, this, tried, command);
+  Guarded(services_, this, tried, [&] {
+    history_.EndWalk();
+    command();
+  });
 }
 
 void MainWindow::WireSearch() {
   const auto status = [this](const std::string& text) { ShowStatus(text); };
   pattern_->SetCheck([this](const std::string& text, size_t caret) { return searching_.Kept(text, caret); });
-  connect(pattern_, &PatternPanel::TextChanged, this,
-          [this](const std::string& text, size_t caret) { searching_.CheckInput(text, caret); });
+  connect(pattern_, &PatternPanel::TextChanged, this, [this](const std::string& text, size_t caret) {
+    history_.EndWalk();
+    searching_.CheckInput(text, caret);
+  });
   connect(pattern_, &PatternPanel::ModeChosen, this, [this](WordType type) { searching_.SelectMode(type); });
   connect(pattern_, &PatternPanel::SearchRequested, this, [this] { Do("Search", [this] { searching_.FindWords(); }); });
   connect(pattern_, &PatternPanel::ExitRequested, this, [this] { files_.Exit(); });
@@ -194,6 +212,12 @@ void MainWindow::WireSearch() {
   connect(lists_, &ListsPanel::LexiconClicked, this,
           [this] { Do("Open new lexicon", [this] { files_.OpenNewLexicon(); }); });
   connect(appearance_, &AppearancePanel::Status, this, status);
+}
+
+void MainWindow::WireHistory() {
+  connect(pattern_, &PatternPanel::StepRequested, this,
+          [this](bool up) { Guarded(services_, this, "Search", [this, up] { history_.Step(up); }); });
+  connect(pattern_, &PatternPanel::TurnedAway, this, [this] { history_.EndWalk(); });
 }
 
 void MainWindow::WireResults() {
@@ -287,6 +311,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::End(const char* entry) {
+  history_.DropWalk();
   if (!session_.stopFlag) {
     session_.stopFlag = true;
     services_.log.Write(event::kEnd, entry);
@@ -314,6 +339,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     return false;
   }
   event->accept();
+  history_.EndWalk();
   if (event->type() == QEvent::KeyPress && !key->isAutoRepeat()) {
     const CommandRow* row = menu_->RunKey(number);
     if (row != nullptr && row->command == Command::ChooseMode) {

@@ -6,6 +6,7 @@
 
 #include "app/command_menu.h"
 #include "app/file_controller.h"
+#include "app/history_controller.h"
 #include "app/option_controller.h"
 #include "app/search_controller.h"
 #include "app/services.h"
@@ -34,7 +35,8 @@ class MainWindow : public QMainWindow,
                    private FileView,
                    private OptionView,
                    private StartUpView,
-                   private WorkbenchView {
+                   private WorkbenchView,
+                   private HistoryView {
   Q_OBJECT
 
  public:
@@ -62,6 +64,7 @@ class MainWindow : public QMainWindow,
   void UpdateCommands() override;
   // SearchView
   Search Asked() const override;
+  CharacterLists Lists() const override;
   void FocusPattern() override;
   void ShowText(const std::string& text, size_t caret) override;
   void ShowInput() override;
@@ -92,6 +95,8 @@ class MainWindow : public QMainWindow,
   void SetWide(bool on) override;
   void SetLiveResults(bool on) override;
   void SetReading(bool on) override;
+  void KeepHistory(bool on) override { history_.Keep(on); }
+  std::optional<std::string> SwitchHistory(bool on) override { return history_.SwitchKeeping(on); }
   ColourScheme& Colours() override { return colours_; }
   // StartUpView
   void SelectOrder(SortOrder order) override;
@@ -112,6 +117,10 @@ class MainWindow : public QMainWindow,
   void CloseWithin() override;
   void ShowWithin(const std::string& text) override;
 
+  // HistoryView
+  ControlState Controls() const override;
+  void ShowControls(const ControlState& state) override;
+
   CommandState State() const;
   // The entry, unless a command has written one; closes what is open and shuts the program down.
   void End(const char* entry);
@@ -119,6 +128,7 @@ class MainWindow : public QMainWindow,
   void MakeStatus(QWidget* central);
   void LayOut();
   void WireSearch();
+  void WireHistory();
   void WireResults();
   void SetTabOrder();
 
@@ -129,6 +139,7 @@ class MainWindow : public QMainWindow,
   SearchController searching_;
   OptionController options_;
   WorkbenchController workbench_;
+  HistoryController history_;
   std::unique_ptr<CommandMenu> menu_;
 
   PatternPanel* pattern_ = nullptr;

@@ -53,8 +53,12 @@ void MainWindow::EndProgress() {
 }
 
 Search MainWindow::Asked() const {
-  return {pattern_->Text(),  session_.input.selected,         session_.input.noun,
-          lengths_->Range(), StoredLists(services_.settings), conditions_->Conditions()};
+  return {pattern_->Text(), session_.input.selected,  session_.input.noun, lengths_->Range(),
+          Lists(),          conditions_->Conditions()};
+}
+
+CharacterLists MainWindow::Lists() const {
+  return session_.walkedLists ? *session_.walkedLists : StoredLists(services_.settings);
 }
 
 void MainWindow::FocusPattern() {
@@ -233,6 +237,23 @@ void MainWindow::CloseWithin() {
 
 void MainWindow::ShowWithin(const std::string& text) {
   results_->ShowWithin(FromText(text));
+}
+
+ControlState MainWindow::Controls() const {
+  return {Lists(), pattern_->Text(), pattern_->Caret(), session_.input, lengths_->Range(), conditions_->Row()};
+}
+
+void MainWindow::ShowControls(const ControlState& state) {
+  for (const ListKind kind : kListKinds) {
+    ShowList(kind, state.lists.Of(kind));
+  }
+  pattern_->ReplaceText(state.text, state.caret);
+  session_.input = state.input;
+  lengths_->Show(state.lengths);
+  conditions_->Show(state.conditions);
+  EnableLengthOrders();
+  ShowInput();
+  searching_.AskedChanged();
 }
 
 void MainWindow::TypeCharacter(char character) {

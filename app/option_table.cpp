@@ -44,6 +44,9 @@ constexpr std::array kRows = {
     OptionRow{Option::Reading, Setting::Reading, "menReading", "&Say what is searched",
               "What is searched is said beside the letter count.", "What is searched is not said.",
               [](OptionSite& site, EventLog&, bool on) { site.SetReading(on); }, nullptr, Menu::Workbench},
+    OptionRow{Option::KeepHistory, Setting::KeepHistory, "menKeepHistory", "&Keep the searches", "Searches are kept.",
+              "Searches are not kept.", [](OptionSite& site, EventLog&, bool on) { site.KeepHistory(on); },
+              [](OptionSite& site, EventLog&, bool on) { return site.SwitchHistory(on); }, Menu::Workbench},
 };
 static_assert(
     [] {

@@ -13,7 +13,18 @@
 
 namespace quorvane {
 
-enum class Option { AutoSave, Literati, Timer, Log, ListBold, ListItalic, WideScreen, LiveResults, Reading };
+enum class Option {
+  AutoSave,
+  Literati,
+  Timer,
+  Log,
+  ListBold,
+  ListItalic,
+  WideScreen,
+  LiveResults,
+  Reading,
+  KeepHistory
+};
 
 // What an option acts on.
 class OptionSite : public virtual View {
@@ -25,6 +36,9 @@ class OptionSite : public virtual View {
   virtual void SetWide(bool on) = 0;
   virtual void SetLiveResults(bool on) = 0;
   virtual void SetReading(bool on) = 0;
+  virtual void KeepHistory(bool on) = 0;
+  // A change of it: asks what becomes of what is kept. What to say of it, where that is more than the status text.
+  virtual std::optional<std::string> SwitchHistory(bool on) = 0;
 };
 
 struct OptionRow {

@@ -74,17 +74,18 @@ Search SearchOf(const SearchView& view) {
   return view.Results().MadeBy().value_or(view.Asked());
 }
 
-SearchController::SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave)
-    : view_(view), session_(session), services_(services), autoSave_(std::move(autoSave)) {}
+SearchController::SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave,
+                                   Recorder record)
+    : view_(view), session_(session), services_(services), autoSave_(std::move(autoSave)), record_(std::move(record)) {}
 
 std::string SearchController::Kept(const std::string& text, size_t caret) const {
-  return quorvane::CheckInput({text, caret, session_.input}, StoredLists(services_.settings)).text;
+  return quorvane::CheckInput({text, caret, session_.input}, view_.Lists()).text;
 }
 
 void SearchController::CheckInput(const std::string& text, size_t caret) {
   view_.ShowTimer("");
   view_.EnableLengthOrders();
-  const InputAnswer answer = quorvane::CheckInput({text, caret, session_.input}, StoredLists(services_.settings));
+  const InputAnswer answer = quorvane::CheckInput({text, caret, session_.input}, view_.Lists());
   if (answer.error) {
     services_.log.Write(event::kInputError, "Error 5 in Pattern input " + text);
     services_.door.Show(view_.Window(), "Error 5 (Invalid procedure call) in Pattern Input: " + text);
@@ -104,7 +105,7 @@ void SearchController::CheckInput(const std::string& text, size_t caret) {
 }
 
 std::string SearchController::KeptOfCondition(const std::string& text, size_t caret) const {
-  const InputAnswer answer = quorvane::CheckInput({text, caret, {}}, StoredLists(services_.settings));
+  const InputAnswer answer = quorvane::CheckInput({text, caret, {}}, view_.Lists());
   return answer.text.starts_with('~') ? "" : answer.text;
 }
 
@@ -189,6 +190,9 @@ void SearchController::FindWords() {
     view_.ShowStatus(std::string(FactsOf(run.Asked().mode).prompt));
   }
   view_.UpdateCommands();
+  if (!prepared.refusal && !prepared.Empty()) {
+    record_(run.Asked(), view_.Results().FoundCount());
+  }
 }
 
 void SearchController::Scan(const SearchRun& run) {

@@ -16,6 +16,8 @@ class SearchView : public virtual View {
  public:
   // What the controls ask for.
   virtual Search Asked() const = 0;
+  // The lists that count now.
+  virtual CharacterLists Lists() const = 0;
   virtual void FocusPattern() = 0;
   // Puts what a check left of the text into the box.
   virtual void ShowText(const std::string& text, size_t caret) = 0;
@@ -49,9 +51,11 @@ class SearchController {
  public:
   // Saves the list without being asked; true when it was written.
   using AutoSave = std::function<bool()>;
+  // Is told of each search that was asked for, behind it, with the number of words found.
+  using Recorder = std::function<void(const Search& search, size_t found)>;
 
   // All outlive the controller.
-  SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave);
+  SearchController(SearchView& view, Session& session, Services& services, AutoSave autoSave, Recorder record);
 
   // A text was typed, with the caret there.
   void CheckInput(const std::string& text, size_t caret);
@@ -81,6 +85,7 @@ class SearchController {
   Session& session_;
   Services& services_;
   AutoSave autoSave_;
+  Recorder record_;
 };
 
 // What is said of the list is said of the search that made it; of an empty list, of what is asked now.

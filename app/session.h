@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "lexicon/lexicon.h"
@@ -19,6 +20,8 @@ struct Session {
   std::string lexiconPath;
   InputControls input;  // As the last check left them.
   bool scanActive = false;
+  // Those that a walk through the history shows; without one the stored lists count.
+  std::optional<CharacterLists> walkedLists;
   std::map<Option, bool> options;  // As applied; an option that is missing is off.
   std::string printerName{kUndefinedPrinter};
   std::string lastSaveFailure;  // The failure of autosave that was shown last.

@@ -8,8 +8,11 @@
 #include "app/file_controller.h"
 #include "app/guard.h"
 #include "app/search_controller.h"
+#include "base/program_directory.h"
 #include "base/text.h"
 #include "base/window/qt_text.h"
+#include "results/search_command.h"
+#include "results/search_run.h"
 #include "results/window/frm_export.h"
 #include "search/window/frm_wildcards.h"
 
@@ -103,6 +106,19 @@ void WorkbenchController::CopyAll() {
     said += " (" + std::to_string(text.size() / 1'000'000) + " megabytes)";
   }
   view_.ShowStatus(said);
+}
+
+void WorkbenchController::CopyAsCommand() {
+  const Search search = view_.Said();
+  const SearchRun run(search);
+  if (run.Prepared().Empty() || run.Prepared().refusal) {
+    view_.ShowStatus("There is no search to copy.");
+    return;
+  }
+  const std::string command = CommandOf({search, view_.Order(), view_.UpperCase(), session_.lexiconPath,
+                                         services_.programDirectory, UsualProgramDirectory()});
+  QApplication::clipboard()->setText(FromText(command));
+  view_.ShowStatus("Copied: " + command);
 }
 
 void WorkbenchController::Export() {

@@ -22,7 +22,10 @@ class SearchController;
 class WorkbenchView : public virtual View {
  public:
   virtual const ResultList& Results() const = 0;
+  // What is said of the list.
+  virtual Search Said() const = 0;
   virtual SortOrder Order() const = 0;
+  virtual bool UpperCase() const = 0;
   virtual std::optional<std::string> SelectedWord() const = 0;
   // What is copied, exported and dragged: the words as they are shown.
   virtual WordSequence ShownWords() const = 0;
@@ -63,6 +66,8 @@ class WorkbenchController {
   void CopyAll();
   // So many words were dragged elsewhere.
   void SayDragged(size_t count);
+  // The search as a command line, to the clipboard.
+  void CopyAsCommand();
   void Export();
   // The menu of the selected word, at a place on the screen.
   void ShowWordMenu(const QPoint& place);

@@ -32,6 +32,11 @@ FileError ErrorOf(const std::string& path, const std::error_code& code) {
   return {RunTimeErrorOfErrno(code.value()), path, code.message()};
 }
 
+// Whether the directory is the executable's own.
+bool OwnDirectory(const ProgramDirectoryInput& input) {
+  return !input.executableDirectory.empty() && FileExists(JoinPath(input.executableDirectory, kDefaultLexiconName));
+}
+
 // A service or a bare shell may have no HOME: the user's entry in the system's list has it, too.
 std::string HomeDirectory() {
   std::string home = Environment("HOME");
@@ -60,19 +65,29 @@ ProgramDirectoryInput ProgramDirectoryInputOfProcess(const std::string& dataDir)
   return {dataDir, Environment("QUORVANE_DIR"), ExecutableDirectory(), Environment("XDG_DATA_HOME"), HomeDirectory()};
 }
 
-ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
-  if (!input.dataDir.empty()) {
-    return {Absolute(input.dataDir), std::nullopt};
+std::string ProgramDirectoryPath(const ProgramDirectoryInput& input) {
+  if (const std::string& given = input.dataDir.empty() ? input.quorvaneDir : input.dataDir; !given.empty()) {
+    return Absolute(given);
   }
-  if (!input.quorvaneDir.empty()) {
-    return {Absolute(input.quorvaneDir), std::nullopt};
-  }
-  if (!input.executableDirectory.empty() && FileExists(JoinPath(input.executableDirectory, kDefaultLexiconName))) {
-    return {Absolute(input.executableDirectory), std::nullopt};
+  if (OwnDirectory(input)) {
+    return Absolute(input.executableDirectory);
   }
   const std::string dataHome =
       input.xdgDataHome.starts_with('/') ? input.xdgDataHome : JoinPath(input.home, ".local/share");
-  ProgramDirectory directory{Absolute(JoinPath(dataHome, "quorvane")), std::nullopt};
+  return Absolute(JoinPath(dataHome, "quorvane"));
+}
+
+std::string UsualProgramDirectory() {
+  ProgramDirectoryInput input = ProgramDirectoryInputOfProcess("");
+  input.quorvaneDir.clear();
+  return ProgramDirectoryPath(input);
+}
+
+ProgramDirectory SettleProgramDirectory(const ProgramDirectoryInput& input) {
+  ProgramDirectory directory{ProgramDirectoryPath(input), std::nullopt};
+  if (!input.dataDir.empty() || !input.quorvaneDir.empty() || OwnDirectory(input)) {
+    return directory;
+  }
   std::error_code error;
   fs::create_directories(directory.path, error);
   if (error) {

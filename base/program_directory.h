@@ -26,6 +26,11 @@ struct ProgramDirectoryInput {
 
 ProgramDirectoryInput ProgramDirectoryInputOfProcess(const std::string& dataDir);
 
+// Where the directory settled below would be. Nothing is made or written.
+std::string ProgramDirectoryPath(const ProgramDirectoryInput& input);
+// The same in a shell that says nothing of it, by options or environment.
+std::string UsualProgramDirectory();
+
 // Settles the directory: --data-dir, else QUORVANE_DIR, else the executable's own directory when it holds a
 // "words.lex", else $XDG_DATA_HOME/quorvane (by default ~/.local/share/quorvane). The last is made on first use, and a
 // "words.lex" that it lacks is copied there from the installed directory, ../share/quorvane beside the executable's.

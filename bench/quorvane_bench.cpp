@@ -1,13 +1,15 @@
 // Load, each kind of search, and sorting, over the lexicon named by QUORVANE_BENCH_LEXICON (make_bench_lexicon makes
-// one).
+// one); the history, in the directory for temporary files.
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 #include "results/result_list.h"
 #include "results/results_file.h"
+#include "search/history.h"
 #include "search/scan.h"
 
 namespace quorvane {
@@ -98,6 +100,53 @@ void Sort(benchmark::State& state) {
   }
 }
 BENCHMARK(Sort)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// A history as full as it is kept, in a file of its own that goes with it.
+struct FullHistory {
+  FullHistory() {
+    std::filesystem::remove(path);
+    history.Load(path);
+    for (size_t i = 0; i < kHistoryKept; ++i) {
+      history.Append(Entry(i));
+    }
+  }
+  ~FullHistory() { std::filesystem::remove(path); }
+  FullHistory(const FullHistory&) = delete;
+  FullHistory& operator=(const FullHistory&) = delete;
+
+  static HistoryEntry Entry(size_t number) {
+    HistoryEntry entry;
+    entry.search.text = "un*able" + std::to_string(number);
+    entry.search.lists = {"ABCDEFGHIJKLMNOPQRSTUVWXYZ", "aeiou", "retains?"};
+    entry.search.conditions = {{ConditionKind::Not, "*s"}};
+    entry.lexicon = "words.lex";
+    entry.time = LocalTimeText(std::time(nullptr));
+    return entry;
+  }
+
+  const std::string path = std::filesystem::temp_directory_path() / "quorvane_bench_history.jsonl";
+  History history;
+};
+
+void AppendToHistory(benchmark::State& state) {
+  FullHistory full;
+  for (auto _ : state) {
+    full.history.Append(FullHistory::Entry(0));
+  }
+}
+BENCHMARK(AppendToHistory)->Iterations(2000)->Unit(benchmark::kMillisecond);
+
+// What a start does, over a history that is as it should be.
+void ReadHistory(benchmark::State& state) {
+  const FullHistory full;
+  for (auto _ : state) {
+    History history;
+    history.Load(full.path);
+    history.Tidy();
+    benchmark::DoNotOptimize(history.Distinct());
+  }
+}
+BENCHMARK(ReadHistory)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quorvane

@@ -4,6 +4,7 @@
 //   keys    prints the median and the worst time from a key press to the painted status, in milliseconds
 //   search  prints the median time from Enter to the painted list of a search for "*"
 //   within  prints the times of the keys that narrow that list
+//   history prints the times of a step through a full history and of opening its window, to the painted window
 //   list    prints the times of a letter typed in that list, which goes to a word, and of selecting all its words
 
 #include <QAction>
@@ -20,6 +21,7 @@
 
 #include "app/main_window.h"
 #include "base/window/qt_text.h"
+#include "search/history.h"
 #include "settings/window/ini_store.h"
 
 namespace {
@@ -39,13 +41,28 @@ void Settle() {
   QApplication::processEvents();
 }
 
+void KeepSearches(const std::string& path) {
+  History history;
+  history.Load(path);
+  for (size_t i = 0; i < kHistoryKept; ++i) {
+    HistoryEntry entry;
+    entry.search.text = "un*a?e" + std::string(i % 50, 'x') + std::string(i / 50, 'y');
+    entry.lexicon = "words.lex";
+    entry.time = LocalTimeText(static_cast<std::time_t>(i) * 1000);
+    history.Append(std::move(entry));
+  }
+}
+
 struct Program {
-  explicit Program(const QString& lexicon)
+  explicit Program(const QString& lexicon, bool history)
       : settings(folder.filePath("quorvane.conf"), [](const FileError&) {}),
         log(ToText(folder.filePath("quorvane.log")), SystemClock(), [](const FileError&) {}),
         services{settings, log, door, random, ToText(folder.path()), ""} {
     std::filesystem::create_symlink(std::filesystem::absolute(ToText(lexicon)), ToText(folder.filePath("words.lex")));
     settings.Save(kApplicationName, "Options", "SaveToFile", "No");
+    if (history) {
+      KeepSearches(ToText(folder.filePath(kHistoryName)));
+    }
     window = std::make_unique<MainWindow>(services);
     window->show();
     window->Start();
@@ -103,7 +120,7 @@ int main(int argc, char** argv) {
     Settle();
     return 0;
   }
-  Program program(arguments.value(1));
+  Program program(arguments.value(1), what == "history");
   if (what == "keys") {
     std::vector<double> times;
     for (int run = 0; run < kRuns; ++run) {
@@ -136,6 +153,21 @@ int main(int argc, char** argv) {
       times.push_back(program.Press(Qt::Key_Return, ""));
     }
     Report("search of * to painted list", times);
+  } else if (what == "history") {
+    std::vector<double> steps;
+    std::vector<double> windows;
+    for (int run = 0; run < kRuns; ++run) {
+      steps.push_back(program.Press(Qt::Key_Up, ""));
+      QElapsedTimer timer;
+      timer.start();
+      program.window->findChild<QAction*>("menSearches")->trigger();
+      Settle();
+      windows.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+      program.window->findChild<QWidget*>("frmSearches")->close();
+      Settle();
+    }
+    Report("first step through the history to painted search", steps);
+    Report("window of the searches", windows);
   } else if (what == "list") {
     program.Press(0, "*");
     program.Press(Qt::Key_Return, "");

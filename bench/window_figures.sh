@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The window's figures under Xvfb: key press to painted status, a search of 2,000,000 words to the painted list, each key
-# of ten searches with results while typing and of the same narrowing that list, and the start over the default lexicon
-# beside that of an empty window (medians of 9 whole processes).
+# of ten searches with results while typing and of the same narrowing that list, the searches that are kept, and the
+# start over the default lexicon beside that of an empty window (medians of 9 whole processes).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 command -v Xvfb >/dev/null || { echo "window_figures: Xvfb is missing (Debian: xvfb)" >&2; exit 2; }
@@ -21,6 +21,7 @@ $bin/window_figures "$scratch/bench.lex" search
 $bin/window_figures "$scratch/bench.lex" live
 $bin/window_figures "$scratch/bench.lex" within
 $bin/window_figures "$scratch/bench.lex" list
+$bin/window_figures "$scratch/bench.lex" history
 
 median_start() {
   for _ in 1 2 3 4 5 6 7 8 9; do

@@ -26,17 +26,18 @@ std::optional<Colour> ColourOfOption(std::string_view option) {
   return row == kColours.end() ? std::nullopt : std::optional(row->colour);
 }
 
-std::optional<std::string> CheckList(ListKind kind, const char* option, const std::string& characters) {
+std::optional<std::string> CheckList(ListKind kind, const std::string& characters) {
   const ListFacts& facts = FactsOf(kind);
+  const std::string option = "--" + std::string(facts.option);
   for (size_t i = 0; i < characters.size(); ++i) {
     const char c = characters[i];
     const std::string shown = "'" + std::string(1, c) + "'";
     if (!IsLetter(c) && !(facts.blankTiles && (c == '-' || c == '?'))) {
-      return std::string(option) + ": " + shown + " in '" + characters + "' is not allowed; it takes letters" +
+      return option + ": " + shown + " in '" + characters + "' is not allowed; it takes letters" +
              (facts.blankTiles ? ", - and ?" : "");
     }
     if (!facts.repeats && characters.find(c) < i) {
-      return std::string(option) + ": " + shown + " stands more than once in '" + characters + "'";
+      return option + ": " + shown + " stands more than once in '" + characters + "'";
     }
   }
   return std::nullopt;
@@ -82,6 +83,14 @@ std::optional<std::string> TooLongText(std::string_view pattern) {
          FormatThousands(kMaxPatternLength) + " that can be searched";
 }
 
+Search UsualSearch() {
+  Search search;
+  for (const ListKind kind : kListKinds) {
+    search.lists.Of(kind) = FactsOf(kind).usual;
+  }
+  return search;
+}
+
 std::optional<std::string> SearchArguments::Settle() {
   const auto named = WordTypeOfOption(typeName);
   if (!named) {
@@ -89,10 +98,8 @@ std::optional<std::string> SearchArguments::Settle() {
   }
   search.mode = *named;
   search.noun = FactsOf(*named).noun;
-  search.lists = {include, exclude, rack};
-  for (const auto& [kind, option] :
-       {std::pair{ListKind::Include, "--include"}, {ListKind::Exclude, "--exclude"}, {ListKind::Scrabble, "--rack"}}) {
-    if (auto problem = CheckList(kind, option, search.lists.Of(kind))) {
+  for (const ListKind kind : kListKinds) {
+    if (auto problem = CheckList(kind, search.lists.Of(kind))) {
       return problem;
     }
   }

@@ -16,17 +16,17 @@
 
 namespace quorvane::cli {
 
+// A search as it is without any option.
+Search UsualSearch();
+
 struct SearchArguments {
   std::string pattern;
   std::string typeName = "word";
-  std::string include = "abcdefghijklmnopqrstuvwxyz";
-  std::string exclude;
-  std::string rack;
   std::string lengthText;
   std::array<std::vector<std::string>, kConditionKinds> conditions;  // Of each kind those given.
 
-  // What is asked for, but for the text.
-  Search search;
+  // What is asked for, but for the text. Its lists are as usual until others are given.
+  Search search = UsualSearch();
   // Fills the last from the others; the text of what is wrong, if anything is.
   std::optional<std::string> Settle();
 };

@@ -11,6 +11,7 @@
 #include "cli/lexicon_commands.h"
 #include "cli/make_command.h"
 #include "cli/output.h"
+#include "results/search_command.h"
 #include "search/conditions.h"
 #include "search/wildcards.h"
 
@@ -20,6 +21,10 @@ namespace {
 constexpr size_t kFooterWidth = 100;
 constexpr const char* kStatusFooter =
     "Exit status: 0 words were found, 1 none, 2 the pattern was refused or something failed.";
+
+std::string Dashed(std::string_view option) {
+  return "--" + std::string(option);
+}
 
 // Breaks the lines of a text at blanks.
 std::string Wrapped(std::string_view text) {
@@ -68,14 +73,17 @@ void TakeConditions(const CLI::App& command, const std::array<CLI::Option*, kCon
 void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   CLI::Option* pattern = command->add_option("PATTERN", arguments.pattern,
                                              "The pattern, as typed into the window (with conditions default *)");
-  command->add_option("--type", arguments.typeName, WordTypeNames("or"))->capture_default_str();
-  command->add_option("--include", arguments.include, "Characters that # stands for (default a-z)");
-  command->add_option("--exclude", arguments.exclude, "Characters that ! does not stand for (default none)");
-  command->add_option("--rack", arguments.rack, "Tiles that = stands for; - and ? are blanks (default none)");
+  command->add_option(Dashed(kTypeOption), arguments.typeName, WordTypeNames("or"))->capture_default_str();
+  const auto addList = [&](ListKind kind, const char* help) {
+    command->add_option(Dashed(FactsOf(kind).option), arguments.search.lists.Of(kind), help);
+  };
+  addList(ListKind::Include, "Characters that # stands for (default a-z)");
+  addList(ListKind::Exclude, "Characters that ! does not stand for (default none)");
+  addList(ListKind::Scrabble, "Tiles that = stands for; - and ? are blanks (default none)");
   std::array<CLI::Option*, kConditionKinds> options{};
   for (size_t i = 0; i < kConditionKinds; ++i) {
     const ConditionFacts& facts = ConditionKinds()[i];
-    options[i] = command->add_option("--" + std::string(facts.option), arguments.conditions[i], std::string(facts.help))
+    options[i] = command->add_option(Dashed(facts.option), arguments.conditions[i], std::string(facts.help))
                      ->expected(1)
                      ->allow_extra_args(false)
                      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
@@ -95,10 +103,10 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
 
 void AddLexiconOptions(CLI::App* command, std::string& lexicon, std::string& dataDir) {
   command
-      ->add_option("--lexicon", lexicon,
+      ->add_option(Dashed(kLexiconOption), lexicon,
                    "Lexicon file, or its name in the program's directory (default: words.lex there)")
       ->check(NotEmpty());
-  command->add_option("--data-dir", dataDir, "The program's directory")->check(NotEmpty());
+  command->add_option(Dashed(kDataDirOption), dataDir, "The program's directory")->check(NotEmpty());
 }
 
 // Lists instead of a lexicon; each takes one value, so that a pattern may follow.
@@ -106,7 +114,7 @@ void AddListOption(CLI::App* command, std::vector<std::string>& lists) {
   command->add_option("--words", lists, "Word list instead of a lexicon, in any order (-: standard input; repeatable)")
       ->allow_extra_args(false)
       ->check(NotEmpty())
-      ->excludes("--lexicon");
+      ->excludes(Dashed(kLexiconOption));
 }
 
 // A search of the history instead of a pattern and what goes with it.
@@ -114,11 +122,12 @@ void AddNamedOption(CLI::App* command, std::string& named) {
   CLI::Option* pattern = command->get_option("PATTERN");
   CLI::Option* option = command->add_option("--named", named, "Run the search of that name in the history instead");
   option->check(NotEmpty())->excludes(pattern);
-  for (const char* other : {"--type", "--include", "--exclude", "--rack", "--length"}) {
-    option->excludes(other);
+  option->excludes(Dashed(kTypeOption))->excludes(Dashed(kLengthOption));
+  for (const ListKind kind : kListKinds) {
+    option->excludes(Dashed(FactsOf(kind).option));
   }
   for (const ConditionFacts& facts : ConditionKinds()) {
-    option->excludes("--" + std::string(facts.option));
+    option->excludes(Dashed(facts.option));
   }
 }
 
@@ -140,9 +149,10 @@ CommandLine AddFind(CLI::App& app) {
   command->footer(PatternFooter() + "\n" + kStatusFooter);
   AddSearchOptions(command, find->asked);
   AddLexiconOptions(command, find->lexicon, find->dataDir);
-  command->add_option("--length", find->asked.lengthText, "Word length, N or MIN-MAX, 1 to 60")->check(NotEmpty());
-  command->add_option("--sort", find->sortName, SortOrderNames("or"))->capture_default_str();
-  command->add_flag("--upper", find->upper, "Words in upper case");
+  command->add_option(Dashed(kLengthOption), find->asked.lengthText, "Word length, N or MIN-MAX, 1 to 60")
+      ->check(NotEmpty());
+  command->add_option(Dashed(kSortOption), find->sortName, SortOrderNames("or"))->capture_default_str();
+  command->add_flag(Dashed(kUpperOption), find->upper, "Words in upper case");
   command->add_flag("--count", find->count, "Print the number of words only");
   command->add_option("--limit", find->limitText, "Print no more than so many words")->check(NotEmpty());
   command->add_option("--format", find->formatName, ExportFormatNames("or"))->capture_default_str();
@@ -209,14 +219,14 @@ CommandLine AddHistory(CLI::App& app) {
   CLI::App* command = app.add_subcommand("history", "List the window's searches, newest last");
   command->footer("Exit status: 0 searches were listed, 1 none, 2 something failed.");
   command->add_flag("--json", options->json, "One JSON object a line");
-  command->add_option("--data-dir", options->dataDir, "The program's directory")->check(NotEmpty());
+  command->add_option(Dashed(kDataDirOption), options->dataDir, "The program's directory")->check(NotEmpty());
   return {command, [options] { return ShowHistory(options->dataDir, options->json); }};
 }
 
 CommandLine AddList(CLI::App& lexicon) {
   auto dataDir = std::make_shared<std::string>();
   CLI::App* command = lexicon.add_subcommand("list", "List the lexicons of the program's directory with their counts");
-  command->add_option("--data-dir", *dataDir, "The program's directory")->check(NotEmpty());
+  command->add_option(Dashed(kDataDirOption), *dataDir, "The program's directory")->check(NotEmpty());
   return {command, [dataDir] { return ListLexicons(*dataDir); }};
 }
 

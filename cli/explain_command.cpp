@@ -2,6 +2,8 @@
 
 #include "cli/json.h"
 #include "cli/output.h"
+#include "results/search_command.h"
+#include "results/search_run.h"
 #include "search/conditions.h"
 #include "search/input_check.h"
 #include "search/reading.h"
@@ -41,6 +43,7 @@ int Explain(const SearchArguments& arguments, bool paste) {
   Search search = arguments.search;
   search.text = question.text;
   search.mode = controls.selected;
+  const bool searchable = controls.canSearch && !search.text.empty() && !SearchRun(search).Prepared().refusal;
   Output output;
   output.Write(JsonObject()
                    .Text("text", question.text)
@@ -57,6 +60,7 @@ int Explain(const SearchArguments& arguments, bool paste) {
                    .Number("kind", static_cast<int>(prepared.kind))
                    .TextsIfAny("conditions", ConditionTexts(search))
                    .Text("reading", Reading(search))
+                   .Text("command", searchable ? CommandOf({.search = search}) : "")
                    .Line());
   return output.Finish(kFound);
 }

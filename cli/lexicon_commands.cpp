@@ -76,10 +76,8 @@ std::optional<std::string> LexiconPath(const std::string& lexicon, const std::st
   if (lexicon.empty()) {
     return JoinPath(directory.path, kDefaultLexiconName);
   }
-  for (const std::string& name : {lexicon + std::string(kLexiconExtension), lexicon}) {
-    if (std::string path = JoinPath(directory.path, name); FileExists(path)) {
-      return path;
-    }
+  if (auto path = LexiconNamed(directory.path, lexicon)) {
+    return path;
   }
   Complain("can't read " + lexicon + ": " + std::strerror(ENOENT));
   Note(LexiconsThere(directory.path));

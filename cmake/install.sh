@@ -3,6 +3,7 @@
 engine_packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev wamerican-huge)
 window_packages=(qt6-base-dev libqt6svg6 qt6-gtk-platformtheme)
 test_packages=(libgtest-dev libbenchmark-dev python3 qt6-base-private-dev)
+shell_test_packages=(zsh fish fzf)
 print_test_packages=(cups cups-client poppler-utils fonts-liberation fonts-dejavu-core)
 fuzz_packages=(clang libclang-rt-14-dev)
 lint_packages=(clang-format clang-tidy)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/file.h"
 #include "base/text.h"
 
 namespace quorvane {
@@ -31,6 +32,15 @@ std::vector<std::string> LexiconFilesIn(const std::string& directory) {
     return foldedA == foldedB ? a < b : foldedA < foldedB;
   });
   return names;
+}
+
+std::optional<std::string> LexiconNamed(const std::string& directory, const std::string& name) {
+  for (const std::string& file : {name + std::string(kLexiconExtension), name}) {
+    if (std::string path = JoinPath(directory, file); FileExists(path)) {
+      return path;
+    }
+  }
+  return std::nullopt;
 }
 
 }  // namespace quorvane

@@ -12,6 +12,8 @@ namespace quorvane {
 
 enum class SortOrder { Alphabetic, ShortestFirst, LongestFirst };
 
+inline constexpr std::string_view kSortOption = "sort";  // On the command line, without its dashes.
+
 struct SortOrderRow {
   SortOrder order;
   std::string_view option;  // The name on the command line.

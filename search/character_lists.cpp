@@ -8,15 +8,17 @@
 namespace quorvane {
 namespace {
 
+constexpr std::string_view kAllLetters = "abcdefghijklmnopqrstuvwxyz";
+
 constexpr std::array kFacts = {
-    ListFacts{ListKind::Include, &CharacterLists::include, '#', "SelectedChars", false, false, false, "Inclusion",
-              "F2: &Include chars for # ... currently ", "SEL-UPD", "Updated Inc #[", " # stands for ",
-              "# : any of      "},
-    ListFacts{ListKind::Exclude, &CharacterLists::exclude, '!', "ExcludedChars", false, false, true, "Exclusion",
-              "F3: &Exclude chars for ! ... currently ", "EXC-UPD", "Updated Exc ![", " ! stands for ",
+    ListFacts{ListKind::Include, &CharacterLists::include, '#', "include", kAllLetters, "SelectedChars", false, false,
+              false, "Inclusion", "F2: &Include chars for # ... currently ", "SEL-UPD", "Updated Inc #[",
+              " # stands for ", "# : any of      "},
+    ListFacts{ListKind::Exclude, &CharacterLists::exclude, '!', "exclude", "", "ExcludedChars", false, false, true,
+              "Exclusion", "F3: &Exclude chars for ! ... currently ", "EXC-UPD", "Updated Exc ![", " ! stands for ",
               "! : not any of "},
-    ListFacts{ListKind::Scrabble, &CharacterLists::scrabble, '=', "ScrabbleChars", true, true, true, "Scrabble",
-              "F4: &Scrabble chars for = ... currently ", "SCR-UPD", "Updated Scr =[", " = stands for ",
+    ListFacts{ListKind::Scrabble, &CharacterLists::scrabble, '=', "rack", "", "ScrabbleChars", true, true, true,
+              "Scrabble", "F4: &Scrabble chars for = ... currently ", "SCR-UPD", "Updated Scr =[", " = stands for ",
               "= : max 1 each of "},
 };
 

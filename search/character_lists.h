@@ -26,6 +26,8 @@ struct ListFacts {
   ListKind kind;
   std::string CharacterLists::*list;
   char wildcard;
+  std::string_view option;       // On the command line, without its dashes.
+  std::string_view usual;        // What the option is when it is not given, in lower case.
   std::string_view settingsKey;  // In the section "Selection".
   bool blankTiles;               // "?" and "-" are allowed beside letters.
   bool repeats;                  // A character may occur more than once.

@@ -2,28 +2,25 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <chrono>
+#include <map>
 #include <set>
-#include <thread>
 #include <utility>
 
+#include "base/locked_file.h"
 #include "base/text.h"
+#include "search/conditions.h"
+#include "search/length_range.h"
 #include "search/search_json.h"
 
 namespace quorvane {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr int kVersion = 1;
-constexpr auto kLongestWait = std::chrono::seconds(1);  // For another program's lock.
-constexpr auto kBetweenTries = std::chrono::microseconds(200);
 constexpr const char* kVersionKey = "v";
 constexpr const char* kUpper = "upper";
 constexpr const char* kCount = "count";
@@ -100,82 +97,21 @@ std::optional<HistoryEntry> EntryOf(const Json& object) {
   return entry;
 }
 
-// Two entries are the same search when this is the same.
-std::string SearchKey(const HistoryEntry& entry) {
-  Json object;
-  PutSearch(entry.search, object);
-  return object.dump() + "\n" + entry.lexicon;
+// Two entries are the same when this is the same.
+std::string EntryKey(const HistoryEntry& entry) {
+  return SearchKey(entry.search) + "\n" + entry.lexicon;
 }
 
-// An open file under a lock.
-class LockedFile {
+// Picks the entries that Tidy keeps, asked newest first.
+class Tidying {
  public:
-  // `flags` as of open(), `lock` as of flock(). Rewriting puts a new file in the old one's place: then that is locked.
-  LockedFile(const std::string& path, int flags, int lock) {
-    const auto end = Clock::now() + kLongestWait;
-    do {
-      Close();
-      descriptor_ = open(path.c_str(), flags | O_CLOEXEC, 0600);
-      if (descriptor_ < 0 || !Lock(lock, end)) {
-        error_ = errno;
-        return;
-      }
-    } while (!IsAt(path));
-  }
-  ~LockedFile() { Close(); }
-  LockedFile(const LockedFile&) = delete;
-  LockedFile& operator=(const LockedFile&) = delete;
-
-  int Error() const { return error_; }
-  int Descriptor() const { return descriptor_; }
-  off_t Size() const {
-    struct stat status {};
-    return fstat(descriptor_, &status) == 0 ? status.st_size : 0;
-  }
-
-  // 0 or an errno value.
-  int ReadAll(std::string& bytes) const {
-    bytes.resize(static_cast<size_t>(Size()));
-    size_t done = 0;
-    while (done < bytes.size()) {
-      const ssize_t got = pread(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
-      if (got < 0 && errno != EINTR) {
-        return errno;
-      }
-      if (got == 0) {
-        break;
-      }
-      done += static_cast<size_t>(std::max<ssize_t>(got, 0));
-    }
-    bytes.resize(done);
-    return 0;
+  bool Keeps(const HistoryEntry& entry) {
+    return !entry.name.empty() || (seen_.insert(EntryKey(entry)).second && ++kept_ <= kHistoryKept);
   }
 
  private:
-  bool Lock(int lock, Clock::time_point end) const {
-    while (flock(descriptor_, lock | LOCK_NB) != 0) {
-      if ((errno != EWOULDBLOCK && errno != EINTR) || Clock::now() > end) {
-        return false;
-      }
-      std::this_thread::sleep_for(kBetweenTries);
-    }
-    return true;
-  }
-  bool IsAt(const std::string& path) const {
-    struct stat mine {};
-    struct stat there {};
-    return fstat(descriptor_, &mine) == 0 && stat(path.c_str(), &there) == 0 && mine.st_dev == there.st_dev &&
-           mine.st_ino == there.st_ino;
-  }
-  void Close() {
-    if (descriptor_ >= 0) {
-      close(descriptor_);
-    }
-    descriptor_ = -1;
-  }
-
-  int descriptor_ = -1;
-  int error_ = 0;
+  std::set<std::string> seen_;
+  size_t kept_ = 0;
 };
 
 FileError TooLarge(const std::string& path) {
@@ -218,6 +154,11 @@ struct History::Line {
     }
   }
 
+  // Whether it is that entry, or one of the same search without a name.
+  bool IsOf(const HistoryEntry& wanted) const {
+    return entry && (entry->name.empty() || entry->name == wanted.name) && EntryKey(*entry) == EntryKey(wanted);
+  }
+
   static std::vector<Line> Of(std::string_view bytes) {
     std::vector<Line> lines;
     while (!bytes.empty()) {
@@ -245,6 +186,26 @@ std::string LocalTimeText(std::time_t time) {
 
 std::string JsonOf(const HistoryEntry& entry) {
   return ObjectOf(entry).dump();
+}
+
+std::string SearchKey(const Search& search) {
+  std::string key;
+  const auto add = [&key](std::string_view text) { key += std::to_string(text.size()) + ":" + std::string(text); };
+  for (const std::string& text :
+       {search.text, search.noun, search.lists.include, search.lists.exclude, search.lists.scrabble}) {
+    add(text);
+  }
+  add(FactsOf(search.mode).option);
+  add(search.lengths.any ? "" : LengthText(search.lengths));
+  for (const ConditionFacts& facts : ConditionKinds()) {
+    for (const Condition& condition : search.conditions) {
+      if (condition.kind == facts.kind) {
+        add(facts.option);
+        add(condition.text);
+      }
+    }
+  }
+  return key;
 }
 
 std::string HistoryRead::Text() const {
@@ -361,14 +322,43 @@ std::optional<FileError> History::Change(const std::function<void(std::vector<Li
   return std::nullopt;
 }
 
+std::vector<HistoryEntry> History::Distinct() const {
+  struct Group {
+    const HistoryEntry* last = nullptr;
+    std::set<std::string> names;
+    bool named = false;
+  };
+  std::map<std::string, Group> groups;
+  std::vector<Group*> groupOf;
+  for (const HistoryEntry& entry : entries_) {
+    Group& group = groups[EntryKey(entry)];
+    group.last = &entry;
+    group.names.insert(entry.name);
+    group.named = group.named || !entry.name.empty();
+    groupOf.push_back(&group);
+  }
+  std::vector<HistoryEntry> distinct;
+  for (size_t i = entries_.size(); i-- > 0;) {
+    Group& group = *groupOf[i];
+    if (entries_[i].name.empty() == !group.named && group.names.erase(entries_[i].name) > 0) {
+      distinct.push_back(entries_[i]);
+      distinct.back().count = group.last->count;
+      distinct.back().time = group.last->time;
+    }
+  }
+  return distinct;
+}
+
 std::optional<FileError> History::Tidy() {
+  Tidying known;
+  if (std::all_of(entries_.rbegin(), entries_.rend(), [&](const HistoryEntry& entry) { return known.Keeps(entry); })) {
+    return std::nullopt;
+  }
   return Change([](std::vector<Line>& lines) {
-    std::set<std::string> seen;
-    size_t kept = 0;
+    Tidying tidying;
     std::vector<Line> newestFirst;
     for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-      const bool always = !line->entry || !line->entry->name.empty();
-      if (always || (seen.insert(SearchKey(*line->entry)).second && ++kept <= kHistoryKept)) {
+      if (!line->entry || tidying.Keeps(*line->entry)) {
         newestFirst.push_back(std::move(*line));
       }
     }
@@ -377,20 +367,24 @@ std::optional<FileError> History::Tidy() {
 }
 
 std::optional<FileError> History::Name(const HistoryEntry& entry, const std::string& name) {
-  return Change([wanted = JsonOf(entry), &name](std::vector<Line>& lines) {
-    for (Line& line : lines) {
-      if (line.entry && JsonOf(*line.entry) == wanted) {
-        line.entry->name = name;
-        line.text = JsonOf(*line.entry);
+  return Change([&](std::vector<Line>& lines) {
+    std::vector<Line> newestFirst;
+    bool found = false;
+    for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+      if (!line->IsOf(entry)) {
+        newestFirst.push_back(std::move(*line));
+      } else if (!std::exchange(found, true)) {
+        line->entry->name = name;
+        newestFirst.emplace_back(JsonOf(*line->entry));
       }
     }
+    lines.assign(std::make_move_iterator(newestFirst.rbegin()), std::make_move_iterator(newestFirst.rend()));
   });
 }
 
 std::optional<FileError> History::Forget(const HistoryEntry& entry) {
-  return Change([wanted = JsonOf(entry)](std::vector<Line>& lines) {
-    std::erase_if(lines, [&](const Line& line) { return line.entry && JsonOf(*line.entry) == wanted; });
-  });
+  return Change(
+      [&](std::vector<Line>& lines) { std::erase_if(lines, [&](const Line& line) { return line.IsOf(entry); }); });
 }
 
 std::optional<FileError> History::ForgetAll() {

@@ -36,6 +36,8 @@ struct HistoryEntry {
 std::string LocalTimeText(std::time_t time);
 // The entry as it stands in the file, on one line without an end.
 std::string JsonOf(const HistoryEntry& entry);
+// Two searches are the same when this is the same.
+std::string SearchKey(const Search& search);
 
 struct HistoryRead {
   std::optional<FileError> error;  // Then no entry was read. A file that is not there is none.
@@ -54,6 +56,9 @@ class History {
   // Newest last; without what others added since the last call that read the file: Load and those that change it, but
   // for Append.
   const std::vector<HistoryEntry>& Entries() const { return entries_; }
+  // For a list to look at, newest first: a search in a lexicon once, with the count and the time of its last entry; one
+  // that has several names once for each.
+  std::vector<HistoryEntry> Distinct() const;
   // The newest of that name; null when there is none.
   const HistoryEntry* Named(std::string_view name) const;
 
@@ -61,9 +66,12 @@ class History {
   std::optional<FileError> Append(HistoryEntry entry);
 
   // Each rewrites the file, whole or not at all. Of entries without a name Tidy keeps the last 500, and of the same
-  // search in the same lexicon the last one.
+  // search in the same lexicon the last one; where that changes nothing that Entries() holds, the file isn't read.
   std::optional<FileError> Tidy();
-  std::optional<FileError> Name(const HistoryEntry& entry, const std::string& name);  // "" takes the name away.
+  // Of `entry` and all entries of its search in its lexicon without a name, the last one stays and gets the name; ""
+  // takes it away.
+  std::optional<FileError> Name(const HistoryEntry& entry, const std::string& name);
+  // With all entries of its search in its lexicon that have no name.
   std::optional<FileError> Forget(const HistoryEntry& entry);
   // All that Entries() holds: what others added meanwhile stays.
   std::optional<FileError> ForgetAll();

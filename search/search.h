@@ -7,16 +7,10 @@
 #include <vector>
 
 #include "search/character_lists.h"
+#include "search/length_range.h"
 #include "search/word_type.h"
 
 namespace quorvane {
-
-// The range of word lengths; `any` when no range is chosen.
-struct LengthRange {
-  bool any = true;
-  int min = 1;
-  int max = 8;
-};
 
 // What a condition asks of a word: that it fits a pattern, or does not; that it holds all letters of the text, each as
 // often as it stands there; that it holds none of them; that it can be laid with the text's tiles, each once.

@@ -9,33 +9,18 @@
 namespace quorvane {
 namespace {
 
-constexpr const char* kType = "type";
-constexpr const char* kLength = "length";
+constexpr const char* kPattern = "pattern";
+constexpr const char* kType = kTypeOption.data();
+constexpr const char* kLength = kLengthOption.data();
 constexpr const char* kNoun = "noun";  // Only where it is not the type's own.
 
-struct TextKey {
-  const char* key;
-  std::string& (*of)(Search&);
-};
-constexpr std::array kTexts = {
-    TextKey{"pattern", [](Search& search) -> std::string& { return search.text; }},
-    TextKey{"include", [](Search& search) -> std::string& { return search.lists.include; }},
-    TextKey{"exclude", [](Search& search) -> std::string& { return search.lists.exclude; }},
-    TextKey{"rack", [](Search& search) -> std::string& { return search.lists.scrabble; }},
-};
-
-// "5" or "5-8".
-std::string LengthText(const LengthRange& lengths) {
-  const std::string from = std::to_string(lengths.min);
-  return lengths.min == lengths.max ? from : from + "-" + std::to_string(lengths.max);
-}
-
-bool ReadLengths(std::string_view text, LengthRange& lengths) {
-  const size_t dash = text.find('-');
-  const std::string_view to = dash == std::string_view::npos ? text : text.substr(dash + 1);
-  lengths.any = false;
-  return ParseInteger(text.substr(0, dash), lengths.min) && ParseInteger(to, lengths.max) && lengths.min >= 1 &&
-         lengths.min <= lengths.max;
+// The key and the text of each.
+std::array<std::pair<const char*, std::string*>, 1 + kListKinds.size()> TextsOf(Search& search) {
+  std::array<std::pair<const char*, std::string*>, 1 + kListKinds.size()> texts{{{kPattern, &search.text}}};
+  for (size_t i = 0; i < kListKinds.size(); ++i) {
+    texts[i + 1] = {FactsOf(kListKinds[i]).option.data(), &search.lists.Of(kListKinds[i])};
+  }
+  return texts;
 }
 
 // The conditions of one kind: an array of texts. False when it is none.
@@ -82,8 +67,8 @@ bool TakeText(const Json& object, const char* key, std::string& text) {
 
 void PutSearch(const Search& search, Json& object) {
   Search copy = search;
-  for (const TextKey& row : kTexts) {
-    object[row.key] = Utf8FromBytes(row.of(copy));
+  for (const auto& [key, text] : TextsOf(copy)) {
+    object[key] = Utf8FromBytes(*text);
   }
   object[kType] = FactsOf(search.mode).option;
   if (!search.lengths.any) {
@@ -99,13 +84,13 @@ void PutSearch(const Search& search, Json& object) {
 
 std::optional<Search> SearchOf(const Json& object) {
   Search search;
-  for (const TextKey& row : kTexts) {
+  for (const auto& [key, text] : TextsOf(search)) {
     std::string utf8;
-    auto bytes = TakeText(object, row.key, utf8) ? BytesFromUtf8(utf8) : std::nullopt;
+    auto bytes = TakeText(object, key, utf8) ? BytesFromUtf8(utf8) : std::nullopt;
     if (!bytes) {
       return std::nullopt;
     }
-    row.of(search) = *std::move(bytes);
+    *text = *std::move(bytes);
   }
   std::string type(FactsOf(search.mode).option);
   std::string length;
@@ -132,10 +117,12 @@ std::optional<Search> SearchOf(const Json& object) {
 }
 
 bool IsSearchKey(std::string_view key) {
+  Search search;
+  const auto texts = TextsOf(search);
   const auto kinds = ConditionKinds();
   return std::any_of(kinds.begin(), kinds.end(), [&](const ConditionFacts& facts) { return key == facts.option; }) ||
          key == kType || key == kLength || key == kNoun ||
-         std::any_of(kTexts.begin(), kTexts.end(), [&](const TextKey& row) { return key == row.key; });
+         std::any_of(texts.begin(), texts.end(), [&](const auto& text) { return key == text.first; });
 }
 
 }  // namespace quorvane

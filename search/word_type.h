@@ -16,6 +16,8 @@ inline constexpr std::string_view kLetterChoiceNoun = "letter choice";
 
 inline constexpr std::string_view kWordPrompt = "Please enter a word selection.";
 
+inline constexpr std::string_view kTypeOption = "type";  // On the command line, without its dashes.
+
 struct WordTypeFacts {
   WordType type;
   std::string_view option;         // The name on the command line.

@@ -100,6 +100,7 @@ constexpr std::array kRows = {
     SettingRow{Setting::LiveResults, "Workbench", "LiveResults", "No", Repair::YesNo},
     SettingRow{Setting::Reading, "Workbench", "Reading", "No", Repair::YesNo},
     SettingRow{Setting::ExportFile, "Workbench", "ExportFile", ""},
+    SettingRow{Setting::KeepHistory, "Workbench", "KeepHistory", "Yes", Repair::YesNo},
 };
 static_assert(
     [] {

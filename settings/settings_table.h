@@ -60,6 +60,7 @@ enum class Setting {
   LiveResults,
   Reading,
   ExportFile,
+  KeepHistory,
 };
 
 // How a value read at start is repaired. Everywhere "NotFound" counts as absent.

@@ -29,6 +29,7 @@
 
 #include "app/main_window.h"
 #include "base/window/qt_text.h"
+#include "search/history.h"
 #include "settings/settings_table.h"
 #include "settings/window/ini_store.h"
 
@@ -195,6 +196,7 @@ class Studio {
     Save("wide");
     Choose("menWideScreen");
     Menus();
+    Searches();
     Dialogs();
     Workbench();
     Colours();
@@ -223,6 +225,31 @@ class Studio {
       door_.Save(*menu, "menu_" + menu->objectName());
       menu->hide();
     }
+  }
+
+  // Some of them of the days before.
+  void Searches() {
+    History history;
+    history.Load(ToText(folder_.filePath(kHistoryName)));
+    std::tm day = services_.clock();
+    for (const auto& [text, mode, lengths, count, name] :
+         {std::tuple{"=======", WordType::WordList, LengthRange{}, 3051, "Friday's rack"},
+          {"un*able", WordType::WordList, {false, 7, 9}, 79, ""},
+          {"retains", WordType::AnagramExact, {}, 9, "seven letters"}}) {
+      HistoryEntry entry;
+      entry.search = {text, mode, std::string(FactsOf(mode).noun), lengths, {"", "", "retains?"}, {}};
+      entry.lexicon = "words.lex";
+      entry.count = count;
+      --day.tm_mday;
+      day.tm_min += 17;
+      entry.time = LocalTimeText(std::mktime(&day));
+      entry.name = name;
+      history.Append(entry);
+    }
+    Choose("menSearches");
+    auto* searches = window_->findChild<QDialog*>("frmSearches");
+    door_.Save(*searches, "frmSearches");
+    searches->close();
   }
 
   void Dialogs() {

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QSignalBlocker>
 
 #include "base/text.h"
 #include "base/window/labels.h"
@@ -67,6 +68,23 @@ std::vector<Condition> ConditionsPanel::Conditions() const {
     }
   }
   return conditions;
+}
+
+ConditionRow ConditionsPanel::Row() const {
+  ConditionRow row;
+  row.open = !isHidden();
+  for (const Box& box : boxes_) {
+    row.texts[static_cast<size_t>(box.kind)] = ToBytes(box.box->text());
+  }
+  return row;
+}
+
+void ConditionsPanel::Show(const ConditionRow& row) {
+  for (const Box& box : boxes_) {
+    const QSignalBlocker quiet(box.box);
+    box.box->setText(FromBytes(row.texts[static_cast<size_t>(box.kind)]));
+  }
+  setVisible(row.open);
 }
 
 void ConditionsPanel::FocusFirst() {

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <vector>
 
+#include "search/control_state.h"
 #include "search/search.h"
 #include "search/window/clean_box.h"
 
@@ -20,6 +21,9 @@ class ConditionsPanel : public QWidget {
   // Says what the input check leaves of a pattern.
   void SetCheck(KeptText check) { check_ = std::move(check); }
   std::vector<Condition> Conditions() const;
+  ConditionRow Row() const;
+  // Shows the row, without a word of it.
+  void Show(const ConditionRow& row);
   void FocusFirst();
 
  signals:

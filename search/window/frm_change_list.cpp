@@ -33,6 +33,12 @@ std::string StoredList(const SettingsStore& settings, ListKind kind) {
   return settings.Get(kApplicationName, "Selection", FactsOf(kind).settingsKey, "");
 }
 
+void StoreList(ListKind kind, const std::string& list, SettingsStore& settings, EventLog& log) {
+  const ListFacts& facts = FactsOf(kind);
+  settings.Save(kApplicationName, "Selection", facts.settingsKey, list);
+  log.Write(facts.logCode, std::string(facts.logText) + list + "]");
+}
+
 CharacterLists StoredLists(const SettingsStore& settings) {
   CharacterLists lists;
   for (const ListKind kind : kListKinds) {
@@ -96,14 +102,12 @@ void FrmChangeList::ShowCount() {
 
 void FrmChangeList::Store() {
   const std::string list = ToBytes(tbChangeInput_->text());
-  const ListFacts& facts = FactsOf(kind_);
-  if (list.empty() && !facts.mayBeEmpty) {
+  if (list.empty() && !FactsOf(kind_).mayBeEmpty) {
     door_.Show(this, kEmptyListRefusal);
     tbChangeInput_->setFocus();
     return;
   }
-  settings_.Save(kApplicationName, "Selection", facts.settingsKey, list);
-  log_.Write(facts.logCode, std::string(facts.logText) + list + "]");
+  StoreList(kind_, list, settings_, log_);
   accept();
 }
 

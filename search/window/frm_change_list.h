@@ -32,6 +32,8 @@ class FrmChangeList : public QDialog {
   QLabel* lblNoChars_ = nullptr;  // Of the Scrabble list only.
 };
 
+// Stores a list and writes it to the log.
+void StoreList(ListKind kind, const std::string& list, SettingsStore& settings, EventLog& log);
 // A list as it stands in the store.
 std::string StoredList(const SettingsStore& settings, ListKind kind);
 CharacterLists StoredLists(const SettingsStore& settings);

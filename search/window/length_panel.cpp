@@ -97,6 +97,11 @@ void LengthPanel::SelectAnyLength() {
   rbAnyLen_->setChecked(true);
 }
 
+void LengthPanel::Show(const LengthRange& range) {
+  SetRange(range.min, range.max);
+  (range.any ? rbAnyLen_ : rbSpecLen_)->setChecked(true);
+}
+
 void LengthPanel::FillMaximum(int min, int max) {
   cbLenTo_->clear();
   for (int length = min; length <= kLongestLengthOffered; ++length) {

@@ -21,6 +21,8 @@ class LengthPanel : public QGroupBox {
   // Fills both lists: lengths from 1, and from the minimum, up to the longest one offered.
   void SetRange(int min, int max);
   void SelectAnyLength();
+  // Shows both, without a word of it; nothing is stored.
+  void Show(const LengthRange& range);
 
  signals:
   void Status(const std::string& text);

@@ -1,5 +1,6 @@
 #include "search/window/pattern_box.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QValidator>
@@ -9,6 +10,20 @@
 #include "base/window/qt_text.h"
 
 namespace quorvane {
+namespace {
+
+bool IsStep(const QKeyEvent& event) {
+  return (event.key() == Qt::Key_Up || event.key() == Qt::Key_Down) &&
+         (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+// A key that does nothing by itself.
+bool IsModifier(const QKeyEvent& event) {
+  return (event.key() >= Qt::Key_Shift && event.key() <= Qt::Key_ScrollLock) || event.key() == Qt::Key_Super_L ||
+         event.key() == Qt::Key_Super_R || event.key() == Qt::Key_AltGr;
+}
+
+}  // namespace
 
 // Asked by the box before a change counts; a change that it does not take is undone and leaves no trace.
 class PatternBox::Validator : public QValidator {
@@ -35,10 +50,10 @@ std::string PatternBox::Text() const {
 
 void PatternBox::ShowText(const std::string& text, size_t caret) {
   const QSignalBlocker quiet(this);
+  shown_ = text;
   if (Text() != text) {
     setText(FromBytes(text));
   }
-  shown_ = text;
   if (cursorPosition() != static_cast<int>(caret)) {
     setCursorPosition(static_cast<int>(caret));
   }
@@ -48,6 +63,16 @@ void PatternBox::TypeOver(const QString& text) {
   selectAll();
   insert(text);
   Settle();
+}
+
+void PatternBox::Replace(const std::string& text, size_t caret) {
+  const QSignalBlocker quiet(this);
+  shown_ = text;
+  if (Text() != text) {
+    selectAll();
+    insert(FromBytes(text));
+  }
+  setCursorPosition(static_cast<int>(caret));
 }
 
 bool PatternBox::Takes(const QString& text, int caret) {
@@ -61,7 +86,31 @@ bool PatternBox::Takes(const QString& text, int caret) {
   return false;
 }
 
+// Keys of the menu come here first, as the question whether the box wants them.
+bool PatternBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!IsStep(*key) && !IsModifier(*key)) {
+      emit TurnedAway();
+    }
+  }
+  return QLineEdit::event(event);
+}
+
+void PatternBox::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  emit TurnedAway();
+}
+
 void PatternBox::keyPressEvent(QKeyEvent* event) {
+  if (IsStep(*event)) {
+    event->accept();
+    emit StepRequested(event->key() == Qt::Key_Up);
+    return;
+  }
+  if (!IsModifier(*event)) {
+    emit TurnedAway();
+  }
   QLineEdit::keyPressEvent(event);
   Settle();
 }

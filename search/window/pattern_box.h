@@ -23,13 +23,21 @@ class PatternBox : public QLineEdit {
   void ShowText(const std::string& text, size_t caret);
   // As if it were typed over the whole text.
   void TypeOver(const QString& text);
+  // The same without a word of it; the caret goes there.
+  void Replace(const std::string& text, size_t caret);
 
  signals:
   // A change of the text that left nothing behind: what it would have been.
   void Refused(const std::string& text, size_t caret);
+  // Up or Down was pressed.
+  void StepRequested(bool up);
+  // Another key was pressed, or the focus has left.
+  void TurnedAway();
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   class Validator;

@@ -74,6 +74,8 @@ PatternPanel::PatternPanel(QWidget* parent) : QWidget(parent) {
 
   connect(tbInput_, &QLineEdit::textChanged, this, [this] { emit TextChanged(Text(), Caret()); });
   connect(tbInput_, &PatternBox::Refused, this, &PatternPanel::TextChanged);
+  connect(tbInput_, &PatternBox::StepRequested, this, &PatternPanel::StepRequested);
+  connect(tbInput_, &PatternBox::TurnedAway, this, &PatternPanel::TurnedAway);
   connect(tbInput_, &QLineEdit::returnPressed, this, [this] {
     if (btnFindWords_->isEnabled()) {
       emit SearchRequested();
@@ -104,6 +106,10 @@ size_t PatternPanel::Caret() const {
 
 void PatternPanel::ShowText(const std::string& text, size_t caret) {
   tbInput_->ShowText(text, caret);
+}
+
+void PatternPanel::ReplaceText(const std::string& text, size_t caret) {
+  tbInput_->Replace(text, caret);
 }
 
 void PatternPanel::SetCheck(std::function<std::string(const std::string& text, size_t caret)> check) {

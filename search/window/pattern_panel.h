@@ -24,6 +24,8 @@ class PatternPanel : public QWidget {
 
   std::string Text() const;
   size_t Caret() const;
+  // Shows another text without a word of it; the box's undo brings the last one back.
+  void ReplaceText(const std::string& text, size_t caret);
   // Shows what a check left of the text, and then the mode and what is allowed.
   void ShowText(const std::string& text, size_t caret);
   void ShowControls(const InputControls& controls);
@@ -41,6 +43,10 @@ class PatternPanel : public QWidget {
   void TextChanged(const std::string& text, size_t caret);
   void ModeChosen(quorvane::WordType type);
   void SearchRequested();
+  // Up or Down was pressed in the box.
+  void StepRequested(bool up);
+  // Another key was pressed there, or the focus has left it.
+  void TurnedAway();
   void ExitRequested();
 
  private:

@@ -185,18 +185,25 @@ TEST_F(CommandLine, Explains) {
        "{`text`: `a*b*c`, `typing_kind`: 2, `noun`: `word`, `status`: `A maximum of two asterisks may be entered`, "
        "`letters`: `(min. 3 letters)`, `can_search`: true, `anagrams`: false, `palindrome`: true, "
        "`save_as_lexicon`: true, `beeps`: 12, `prepared`: `a*b*c`, `kind`: 8, "
-       "`reading`: `3 letters or more: begins with a, ends with c, holds b from 2nd to 2nd last`}"},
+       "`reading`: `3 letters or more: begins with a, ends with c, holds b from 2nd to 2nd last`, "
+       "`command`: `quorvane-cli find -- 'a*b*c'`}"},
       {"q explain '%2sS>' --type palindrome",
        "{`text`: `%2sS>`, `typing_kind`: 11, `noun`: `sequenced word`, "
        "`status`: `Add more letters or an optional '>' (specifies 2 or more)`, "
        "`letters`: `Words with >=2 counts of 'sS'`, `can_search`: true, `anagrams`: false, `palindrome`: false, "
        "`save_as_lexicon`: true, `beeps`: 0, `prepared`: `%2ss>`, `kind`: 11, "
-       "`reading`: `ss at least twice, overlaps counted`}"},
+       "`reading`: `ss at least twice, overlaps counted`, `command`: `quorvane-cli find -- '%2sS>'`}"},
       {"q explain Tea= --type exact --rack=",
        "{`text`: `Tea`, `typing_kind`: 0, `noun`: `exact-length anagram`, "
        "`status`: `There are no characters defined in the 'Scrabble' string`, `letters`: `(3 letters)`, "
        "`can_search`: true, `anagrams`: true, `palindrome`: true, `save_as_lexicon`: true, `beeps`: 4, "
-       "`prepared`: `tea`, `kind`: 10, `reading`: `all of a e t and no more`}"},
+       "`prepared`: `tea`, `kind`: 10, `reading`: `all of a e t and no more`, "
+       "`command`: `quorvane-cli find --type exact -- Tea`}"},
+      {"q explain % --with e",
+       "{`text`: `%`, `typing_kind`: 11, `noun`: `sequenced word`, "
+       "`status`: `'%' allows selection on sequences - enter a number`, `letters`: ``, `can_search`: false, "
+       "`anagrams`: false, `palindrome`: false, `save_as_lexicon`: true, `beeps`: 0, `prepared`: `%`, `kind`: 11, "
+       "`conditions`: [`with: e`], `reading`: ``, `command`: ``}"},
   };
   for (const auto& [command, json] : cases) {
     SCOPED_TRACE(command);

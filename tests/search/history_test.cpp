@@ -129,6 +129,37 @@ TEST_F(HistoryTest, TidyKeepsTheLastOfEachSearchAndTheNamedOnes) {
   EXPECT_EQ(Patterns(Loaded()), expected);
 }
 
+TEST_F(HistoryTest, TheSameSearchIsListedNamedAndForgottenAsOne) {
+  History history = Loaded();
+  const auto add = [&](const char* pattern, const char* lexicon, int64_t count) {
+    HistoryEntry entry = EntryOf(pattern);
+    entry.lexicon = lexicon;
+    entry.count = count;
+    ASSERT_FALSE(history.Append(entry));
+  };
+  const auto listed = [&] {
+    std::string text;
+    for (const HistoryEntry& entry : history.Distinct()) {
+      text += entry.search.text + " " + entry.lexicon[0] + std::to_string(entry.count) + entry.name + "; ";
+    }
+    return text;
+  };
+  add("a", "x", 1);
+  add("a", "y", 2);
+  add("b", "x", 3);
+  add("a", "x", 4);
+  EXPECT_EQ(listed(), "a x4; b x3; a y2; ");
+  ASSERT_FALSE(history.Name(history.Distinct()[0], "one\n\"two'"));
+  EXPECT_EQ(Patterns(history), (Texts{"a", "b", "a"}));
+  add("a", "x", 5);
+  EXPECT_EQ(listed(), "a x5one\n\"two'; b x3; a y2; ") << "found again: the name's count and time";
+  ASSERT_FALSE(history.Name(history.Distinct()[0], ""));
+  EXPECT_EQ(Patterns(history), (Texts{"a", "b", "a"})) << "what is the same goes with it";
+  add("a", "x", 6);
+  ASSERT_FALSE(history.Forget(history.Distinct()[0]));
+  EXPECT_EQ(listed(), "b x3; a y2; ");
+}
+
 TEST_F(HistoryTest, TwoSessionsNeverLoseEachOthersLines) {
   constexpr int kProcesses = 4;
   constexpr int kEach = 60;

@@ -181,6 +181,9 @@ TEST_F(WorkbenchTest, WordsOutOfTheList) {
   Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), "cat\ncot\n");
   EXPECT_EQ(Status(), "2 words copied");
+  Key(Qt::Key_C, Qt::ControlModifier | Qt::AltModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), FromText("quorvane-cli find --data-dir " + dir.path() + " -- 'c?t'"));
+  EXPECT_EQ(Status(), "Copied: " + ToText(QApplication::clipboard()->text()));
   const auto exportAs = [this](const char* name, int form) {
     door.scripts.push_back([=, this](QDialog& dialog) {
       auto* forms = In<QComboBox>(dialog, "cbFormat");
