@@ -127,7 +127,7 @@ TEST_F(HistoryWindowTest, AWalkEndsWhereItBegan) {
   Type("*ab");
   const auto undo = [this] {
     QTest::keyClick(Find("tbInput"), Qt::Key_Z, Qt::ControlModifier);
-    const std::string undone = Text("tbInput");
+    std::string undone = Text("tbInput");
     QTest::keyClick(Find("tbInput"), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     Press(Qt::Key_Home);
     return undone;
