@@ -63,16 +63,16 @@ std::optional<std::string> HistoryController::SwitchKeeping(bool on) {
 }
 
 void HistoryController::ReadAtStart() {
-  if (keeping_) {
+  if (keeping_ && !read_) {
     Read();
-    // What can't be rewritten is read as it is.
-    history_.Tidy();
   }
 }
 
 void HistoryController::Read() {
   const HistoryRead read = history_.Load(path_);
-  read_ = true;
+  if (!std::exchange(read_, true) && !read.error) {
+    history_.Tidy();  // What can't be rewritten is read as it is.
+  }
   if (const std::string text = read.Text(); std::exchange(unread_, text) != text && !text.empty()) {
     view_.ShowStatus(text);
   }
@@ -100,9 +100,7 @@ void HistoryController::Record(const Search& search, size_t found) {
   std::tm now = services_.clock();
   now.tm_isdst = -1;
   entry.time = LocalTimeText(std::mktime(&now));
-  if (!read_) {
-    Read();
-  }
+  ReadAtStart();
   Tell("The search can't be kept:", history_.Append(std::move(entry)));
   Refresh();
 }

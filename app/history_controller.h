@@ -40,7 +40,7 @@ class HistoryController {
   void Keep(bool on);
   // The same by the user's choice: asks whether what is kept is forgotten. What became of that.
   std::optional<std::string> SwitchKeeping(bool on);
-  // Reads the history and rewrites it where it is too long; behind the start.
+  // Reads the history and rewrites it where it is too long, unless that was done already; behind the start.
   void ReadAtStart();
 
   // A search that was asked for.

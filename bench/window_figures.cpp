@@ -107,6 +107,25 @@ void Report(const char* what, std::vector<double> times) {
   std::printf("%s: median %.2f ms, worst %.2f ms\n", what, times[times.size() / 2], times.back());
 }
 
+// A step through the history, and its window.
+void MeasureHistory(Program& program) {
+  std::vector<double> steps(kRuns);
+  std::vector<double> windows;
+  windows.reserve(kRuns);
+  for (double& step : steps) {
+    step = program.Press(Qt::Key_Up, "");
+    QElapsedTimer timer;
+    timer.start();
+    program.window->findChild<QAction*>("menSearches")->trigger();
+    Settle();
+    windows.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    program.window->findChild<QWidget*>("frmSearches")->close();
+    Settle();
+  }
+  Report("first step through the history to painted search", steps);
+  Report("window of the searches", windows);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -154,20 +173,7 @@ int main(int argc, char** argv) {
     }
     Report("search of * to painted list", times);
   } else if (what == "history") {
-    std::vector<double> steps;
-    std::vector<double> windows;
-    for (int run = 0; run < kRuns; ++run) {
-      steps.push_back(program.Press(Qt::Key_Up, ""));
-      QElapsedTimer timer;
-      timer.start();
-      program.window->findChild<QAction*>("menSearches")->trigger();
-      Settle();
-      windows.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-      program.window->findChild<QWidget*>("frmSearches")->close();
-      Settle();
-    }
-    Report("first step through the history to painted search", steps);
-    Report("window of the searches", windows);
+    MeasureHistory(program);
   } else if (what == "list") {
     program.Press(0, "*");
     program.Press(Qt::Key_Return, "");

@@ -38,6 +38,7 @@ class PatternBox::Validator : public QValidator {
 PatternBox::PatternBox(QWidget* parent) : QLineEdit(parent) {
   setValidator(new Validator(this));
   setClearButtonEnabled(true);
+  connect(this, &QLineEdit::textChanged, this, [this] { replaced_ = false; });
   if (auto* clear = findChild<QToolButton*>()) {
     Named(clear, "cmdClearPattern", "Clear the pattern");
     clear->setAccessibleName("Clear the pattern");
@@ -51,6 +52,7 @@ std::string PatternBox::Text() const {
 void PatternBox::ShowText(const std::string& text, size_t caret) {
   const QSignalBlocker quiet(this);
   shown_ = text;
+  replaced_ = false;
   if (Text() != text) {
     setText(FromBytes(text));
   }
@@ -67,17 +69,28 @@ void PatternBox::TypeOver(const QString& text) {
 
 void PatternBox::Replace(const std::string& text, size_t caret) {
   const QSignalBlocker quiet(this);
-  shown_ = text;
+  asking_ = false;
+  if (std::exchange(replaced_, false)) {
+    undo();
+  }
   if (Text() != text) {
     selectAll();
     insert(FromBytes(text));
+    replaced_ = true;
   }
   setCursorPosition(static_cast<int>(caret));
+  shown_ = text;
+  asking_ = true;
+}
+
+void PatternBox::TurnAway() {
+  replaced_ = false;
+  emit TurnedAway();
 }
 
 bool PatternBox::Takes(const QString& text, int caret) {
   const std::string typed = ToBytes(text);
-  if (typed == shown_ || !check_ || check_(typed, static_cast<size_t>(caret)) != shown_) {
+  if (!asking_ || typed == shown_ || !check_ || check_(typed, static_cast<size_t>(caret)) != shown_) {
     return true;
   }
   // While this is asked the box holds the typed text; what is said of it waits.
@@ -91,7 +104,7 @@ bool PatternBox::event(QEvent* event) {
   if (event->type() == QEvent::ShortcutOverride) {
     const auto* key = static_cast<QKeyEvent*>(event);
     if (!IsStep(*key) && !IsModifier(*key)) {
-      emit TurnedAway();
+      TurnAway();
     }
   }
   return QLineEdit::event(event);
@@ -99,7 +112,7 @@ bool PatternBox::event(QEvent* event) {
 
 void PatternBox::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  emit TurnedAway();
+  TurnAway();
 }
 
 void PatternBox::keyPressEvent(QKeyEvent* event) {
@@ -109,7 +122,7 @@ void PatternBox::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (!IsModifier(*event)) {
-    emit TurnedAway();
+    TurnAway();
   }
   QLineEdit::keyPressEvent(event);
   Settle();

@@ -23,7 +23,8 @@ class PatternBox : public QLineEdit {
   void ShowText(const std::string& text, size_t caret);
   // As if it were typed over the whole text.
   void TypeOver(const QString& text);
-  // The same without a word of it; the caret goes there.
+  // The same without a word of it; the caret goes there. Until another key is pressed or the focus leaves, the box's
+  // undo brings back what it held before the first of these.
   void Replace(const std::string& text, size_t caret);
 
  signals:
@@ -46,12 +47,15 @@ class PatternBox : public QLineEdit {
     size_t caret = 0;
   };
   bool Takes(const QString& text, int caret);
+  void TurnAway();
   // Tells of what was refused, once the box is itself again.
   void Settle();
 
   Check check_;
   std::string shown_;  // The text as the last check left it.
   std::optional<Typed> refused_;
+  bool asking_ = true;     // Whether a change is asked for.
+  bool replaced_ = false;  // The last change was a Replace.
 };
 
 }  // namespace quorvane
