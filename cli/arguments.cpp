@@ -133,6 +133,9 @@ std::optional<std::string> FindArguments::Settle() {
     return std::string(saveFile.empty() ? "--save-lexicon" : "--save") +
            " saves one search; it does not go with find -";
   }
+  if (between && (!FromStandardInput() || json)) {
+    return "--between goes with find - only, and not with --json";
+  }
   if (FromStandardInput() && std::find(wordLists.begin(), wordLists.end(), "-") != wordLists.end()) {
     return "standard input is either the patterns or the list";
   }

@@ -31,6 +31,12 @@ struct SearchArguments {
   std::optional<std::string> Settle();
 };
 
+// Options that a request of a stream can have as keys, too, without their dashes.
+inline constexpr std::string_view kLimitOption = "limit";
+inline constexpr std::string_view kCountOption = "count";
+inline constexpr std::string_view kStrictOption = "strict";
+inline constexpr std::string_view kExplainOption = "explain";
+
 enum class Colour { Auto, Always, Never };
 
 struct FindArguments {
@@ -52,12 +58,15 @@ struct FindArguments {
   std::string formatName = "lines";
   std::string limitText;
   std::string colourName = "auto";
+  bool stream = false;                 // Each line of standard input is a request.
+  std::optional<std::string> between;  // Stands between the words of one line and the next.
 
   SortOrder order = SortOrder::Alphabetic;
   ExportFormat format = ExportFormat::Lines;
   std::optional<size_t> limit;  // How many words are shown.
   Colour colour = Colour::Auto;
-  bool FromStandardInput() const { return named.empty() && asked.pattern == "-"; }
+  // Patterns are read from standard input, a line each.
+  bool FromStandardInput() const { return stream || (named.empty() && asked.pattern == "-"); }
   std::optional<std::string> Settle();
 
  private:

@@ -90,8 +90,11 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   }
   command->parse_complete_callback([=, &arguments] {
     TakeConditions(*command, options, arguments);
-    const CLI::Option* named = command->get_option_no_throw("--named");
-    if (pattern->count() > 0 || (named != nullptr && named->count() > 0)) {
+    const auto given = [command](const char* name) {
+      const CLI::Option* option = command->get_option_no_throw(name);
+      return option != nullptr && option->count() > 0;
+    };
+    if (pattern->count() > 0 || given("--named") || given("--stream")) {
       return;
     }
     if (arguments.search.conditions.empty()) {
@@ -131,6 +134,18 @@ void AddNamedOption(CLI::App* command, std::string& named) {
   }
 }
 
+// Requests on standard input instead of a pattern, and what goes with `find -`.
+void AddStreamOptions(CLI::App* command, FindArguments& find) {
+  command->add_option("--between", find.between,
+                      "With PATTERN -: a line between the words of one pattern and the next");
+  CLI::Option* stream =
+      command->add_flag("--stream", find.stream, "Answer each line of standard input, JSON or a pattern, with JSON");
+  for (const char* other :
+       {"PATTERN", "--named", "--between", "--time", "--format", "--color", "--json", "--save", "--save-lexicon"}) {
+    stream->excludes(command->get_option(other));
+  }
+}
+
 // What is wrong with the values, said; true when nothing is.
 template <class Arguments>
 bool Settled(Arguments& arguments) {
@@ -153,13 +168,13 @@ CommandLine AddFind(CLI::App& app) {
       ->check(NotEmpty());
   command->add_option(Dashed(kSortOption), find->sortName, SortOrderNames("or"))->capture_default_str();
   command->add_flag(Dashed(kUpperOption), find->upper, "Words in upper case");
-  command->add_flag("--count", find->count, "Print the number of words only");
-  command->add_option("--limit", find->limitText, "Print no more than so many words")->check(NotEmpty());
+  command->add_flag(Dashed(kCountOption), find->count, "Print the number of words only");
+  command->add_option(Dashed(kLimitOption), find->limitText, "Print no more than so many words")->check(NotEmpty());
   command->add_option("--format", find->formatName, ExportFormatNames("or"))->capture_default_str();
   command->add_option("--color", find->colourName, "The pattern's own letters in bold: " + ColourNames("or"))
       ->capture_default_str();
-  command->add_flag("--strict", find->strict, "Refuse a pattern of which characters would be dropped");
-  command->add_flag("--explain", find->explain, "Say the search in words on standard error");
+  command->add_flag(Dashed(kStrictOption), find->strict, "Refuse a pattern of which characters would be dropped");
+  command->add_flag(Dashed(kExplainOption), find->explain, "Say the search in words on standard error");
   command->add_flag("--time", find->time, "Print the time of the search on standard error");
   command->add_flag("--json", find->json, "One JSON object a line");
   command->add_option("--seed", find->seed, "Seed of random words")->check(NotEmpty());
@@ -167,6 +182,7 @@ CommandLine AddFind(CLI::App& app) {
   command->add_option("--save-lexicon", find->saveLexicon, "Also write the words as a lexicon file")->check(NotEmpty());
   AddListOption(command, find->wordLists);
   AddNamedOption(command, find->named);
+  AddStreamOptions(command, *find);
   return {command, [find] {
             const bool ready = Settled(*find) && (find->named.empty() || TakeNamed(*find));
             return ready ? Find(*find) : kFailed;
