@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/choices.h"
 #include "results/export.h"
 #include "results/sort_order.h"
 #include "search/search.h"
@@ -73,11 +74,7 @@ struct FindArguments {
   std::optional<std::string> SettleOutput();
 };
 
-// "word, palindrome, anagram and exact": the values that an option takes.
-std::string WordTypeNames(const std::string& conjunction);
-std::string SortOrderNames(const std::string& conjunction);
-std::string ExportFormatNames(const std::string& conjunction);
-std::string ColourNames(const std::string& conjunction);
+Choices ColourChoices();
 
 // What is said of a pattern that is too long to be searched; nothing of any other.
 std::optional<std::string> TooLongText(std::string_view pattern);
