@@ -17,6 +17,7 @@ endfunction()
 
 # The programs find ../share/quorvane, as seen from their own directory.
 install(TARGETS quorvane-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(PROGRAMS ${PROJECT_SOURCE_DIR}/cli/quorvane-live DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/app/Quorvane.hlp DESTINATION ${CMAKE_INSTALL_DATADIR}/quorvane)
 set(completions ${PROJECT_BINARY_DIR}/completions)
 install(FILES ${completions}/quorvane-cli DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
@@ -46,6 +47,7 @@ if(GZIP_PROGRAM)
   file(MAKE_DIRECTORY ${packed}/gzip)
   configure_file(${packaging}/changelog.Debian ${packed}/changelog.Debian @ONLY)
   quorvane_install_gzipped(${packaging}/quorvane-cli.1 quorvane-cli.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  quorvane_install_gzipped(${packaging}/quorvane-live.1 quorvane-live.1 ${CMAKE_INSTALL_MANDIR}/man1)
   if(TARGET quorvane)
     quorvane_install_gzipped(${packaging}/quorvane.1 quorvane.1 ${CMAKE_INSTALL_MANDIR}/man1)
   endif()
@@ -87,10 +89,11 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS fzf)  # For quorvane-live.
 if(TARGET quorvane)
   # The icon of the window, the browser for the look-up, printing on printers, desktops on Wayland; the desktop's own
   # dialogs.
   set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libqt6svg6, xdg-utils, cups-client, qt6-wayland")
-  set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-gtk-platformtheme")
+  string(PREPEND CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-gtk-platformtheme, ")
 endif()
 include(CPack)

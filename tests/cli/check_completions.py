@@ -6,11 +6,11 @@ missing, and the others agree.
 
 import os
 import pathlib
-import pty
-import re
 import shutil
 import sys
 import tempfile
+
+from terminal import Terminal
 
 CASES = {
     "fi": ["find"],
@@ -39,6 +39,9 @@ CASES = {
 # A Tab, then `say ` at the line's beginning. zsh completes nothing while more keys wait: its Tab does it all.
 KEYS = {"bash": "\t\x01say \r", "zsh": "\t", "fish": "\t\x01say \r"}
 
+# What `say` says.
+SAID = r"<<(.*?)\|>>"
+
 SHELLS = {
     "bash": (["bash", "--norc", "--noprofile", "-i"],
              "bind 'set bell-style none'; say() { printf '<<'; printf '%s|' \"$@\"; printf '>>\\n'; }; . {}/quorvane-cli"),
@@ -50,37 +53,16 @@ SHELLS = {
 }
 
 
-class Terminal:
-    def __init__(self, command, environment, directory):
-        self.child, self.terminal = pty.fork()
-        if self.child == 0:
-            os.chdir(directory)
-            os.execvpe(command[0], command, environment)
-        self.shown = ""
-
-    def say(self, keys):
-        """What the `say` that the keys run says."""
-        os.write(self.terminal, keys.encode())
-        while not (said := re.search(r"<<(.*?)\|>>", self.shown, re.DOTALL)):
-            self.shown += os.read(self.terminal, 4096).decode(errors="replace")
-        self.shown = ""
-        return said.group(1).split("|")
-
-    def close(self):
-        os.close(self.terminal)
-        os.waitpid(self.child, 0)
-
-
 def check(shell, program, completions, directory):
     environment = {"PATH": f"{program.parent}:{os.environ['PATH']}", "HOME": str(directory), "LC_ALL": "C.UTF-8",
                    "TERM": "dumb", "QUORVANE_DIR": str(directory / "own")}
     command, setup = SHELLS[shell]
     (directory / "setup").write_text(setup.replace("{}", str(completions)) + "\n")
     terminal = Terminal(command, environment, directory)
-    terminal.say(". ./setup\rsay ready\r")
+    terminal.press(". ./setup\rsay ready\r", SAID)
     faults = []
     for typed, words in CASES.items():
-        said = terminal.say(f"quorvane-cli {typed}{KEYS[shell]}")
+        said = terminal.press(f"quorvane-cli {typed}{KEYS[shell]}", SAID).group(1).split("|")
         if [word.rstrip("/") for word in said] != ["quorvane-cli", *words]:
             faults.append(f"{shell}: {typed}<Tab> becomes {said[1:]}, not {words}")
     terminal.close()
