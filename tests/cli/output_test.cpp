@@ -65,10 +65,6 @@ TEST_F(CommandLine, AStreamGoesOnBehindWhatItCanNotRead) {
        "{`error`: `--strict: only 'at' of the pattern can be searched`}\n{`error`: `parse error at ...`}\n",
        ""},
       {"q find --stream <bad >/dev/null", 2, "", ""},
-      {"(head -c 100000000 /dev/zero; echo; echo cat) | (ulimit -v 200000; q find --stream)", 2,
-       "{\"error\": \"the line has more than 1,048,576 characters\"}\n"
-       "{\"pattern\": \"cat\", \"count\": 1, \"words\": [\"cat\"]}\n",
-       ""},
       {"echo cat | q find --stream >/dev/full", 2, "", "quorvane-cli: standard output: No space left on device\n"},
       {"q find --stream </", 2, "", "quorvane-cli: can't read standard input: Is a directory\n"},
       {"q find --stream cat", 2, "", "...PATTERN excludes --stream"},
@@ -78,6 +74,15 @@ TEST_F(CommandLine, AStreamGoesOnBehindWhatItCanNotRead) {
       {"q find cat --between=", 2, "", "quorvane-cli: --between goes with find - only, and not with --json\n"},
   };
   Try(rows);
+#ifdef __SANITIZE_ADDRESS__  // It takes memory of its own.
+  const std::string little;
+#else
+  const std::string little = "ulimit -v 200000; ";
+#endif
+  Try({("(head -c 100000000 /dev/zero; echo; echo cat) | (" + little + "q find --stream)").c_str(), 2,
+       "{\"error\": \"the line has more than 1,048,576 characters\"}\n"
+       "{\"pattern\": \"cat\", \"count\": 1, \"words\": [\"cat\"]}\n",
+       ""});
   // An answer comes before the next request is sent; a reader that goes away ends the stream.
   const Result result =
       Run("mkfifo in out; q find --stream <in >out & exec 3>in 4<out\n"
