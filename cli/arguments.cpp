@@ -48,31 +48,10 @@ bool IsLength(std::string_view text, int& length) {
          length <= kLongestLengthOffered;
 }
 
-template <class Rows>
-std::string NamesOf(const Rows& rows, const std::string& conjunction) {
-  std::string names;
-  for (size_t i = 0; i < rows.size(); ++i) {
-    names += (i == 0 ? "" : i + 1 < rows.size() ? ", " : " " + conjunction + " ") + std::string(rows[i].option);
-  }
-  return names;
-}
-
 }  // namespace
 
-std::string WordTypeNames(const std::string& conjunction) {
-  return NamesOf(WordTypes(), conjunction);
-}
-
-std::string SortOrderNames(const std::string& conjunction) {
-  return NamesOf(SortOrders(), conjunction);
-}
-
-std::string ExportFormatNames(const std::string& conjunction) {
-  return NamesOf(ExportFormats(), conjunction);
-}
-
-std::string ColourNames(const std::string& conjunction) {
-  return NamesOf(kColours, conjunction);
+Choices ColourChoices() {
+  return ChoicesOf(kColours);
 }
 
 std::optional<std::string> TooLongText(std::string_view pattern) {
@@ -94,7 +73,7 @@ Search UsualSearch() {
 std::optional<std::string> SearchArguments::Settle() {
   const auto named = WordTypeOfOption(typeName);
   if (!named) {
-    return "--type: '" + typeName + "' is none of " + WordTypeNames("and");
+    return "--type: '" + typeName + "' is none of " + Listed(ChoicesOf(WordTypes()), "and");
   }
   search.mode = *named;
   search.noun = FactsOf(*named).noun;
@@ -123,7 +102,7 @@ std::optional<std::string> FindArguments::Settle() {
   }
   const auto sorted = SortOrderOfOption(sortName);
   if (!sorted) {
-    return "--sort: '" + sortName + "' is none of " + SortOrderNames("and");
+    return "--sort: '" + sortName + "' is none of " + Listed(ChoicesOf(SortOrders()), "and");
   }
   order = *sorted;
   if (auto problem = SettleOutput()) {
@@ -132,6 +111,9 @@ std::optional<std::string> FindArguments::Settle() {
   if (FromStandardInput() && (!saveFile.empty() || !saveLexicon.empty())) {
     return std::string(saveFile.empty() ? "--save-lexicon" : "--save") +
            " saves one search; it does not go with find -";
+  }
+  if (between && (!FromStandardInput() || json)) {
+    return "--between goes with find - only, and not with --json";
   }
   if (FromStandardInput() && std::find(wordLists.begin(), wordLists.end(), "-") != wordLists.end()) {
     return "standard input is either the patterns or the list";
@@ -142,7 +124,7 @@ std::optional<std::string> FindArguments::Settle() {
 std::optional<std::string> FindArguments::SettleOutput() {
   const auto named = ExportFormatOfOption(formatName);
   if (!named) {
-    return "--format: '" + formatName + "' is none of " + ExportFormatNames("and");
+    return "--format: '" + formatName + "' is none of " + Listed(ChoicesOf(ExportFormats()), "and");
   }
   format = *named;
   if (json && format != ExportFormat::Lines) {
@@ -150,7 +132,7 @@ std::optional<std::string> FindArguments::SettleOutput() {
   }
   const auto chosen = ColourOfOption(colourName);
   if (!chosen) {
-    return "--color: '" + colourName + "' is none of " + ColourNames("and");
+    return "--color: '" + colourName + "' is none of " + Listed(ChoicesOf(kColours), "and");
   }
   colour = *chosen;
   if (!limitText.empty()) {

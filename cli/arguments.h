@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/choices.h"
 #include "results/export.h"
 #include "results/sort_order.h"
 #include "search/search.h"
@@ -30,6 +31,12 @@ struct SearchArguments {
   // Fills the last from the others; the text of what is wrong, if anything is.
   std::optional<std::string> Settle();
 };
+
+// Options that a request of a stream can have as keys, too, without their dashes.
+inline constexpr std::string_view kLimitOption = "limit";
+inline constexpr std::string_view kCountOption = "count";
+inline constexpr std::string_view kStrictOption = "strict";
+inline constexpr std::string_view kExplainOption = "explain";
 
 enum class Colour { Auto, Always, Never };
 
@@ -52,23 +59,22 @@ struct FindArguments {
   std::string formatName = "lines";
   std::string limitText;
   std::string colourName = "auto";
+  bool stream = false;                 // Each line of standard input is a request.
+  std::optional<std::string> between;  // Stands between the words of one line and the next.
 
   SortOrder order = SortOrder::Alphabetic;
   ExportFormat format = ExportFormat::Lines;
   std::optional<size_t> limit;  // How many words are shown.
   Colour colour = Colour::Auto;
-  bool FromStandardInput() const { return named.empty() && asked.pattern == "-"; }
+  // Patterns are read from standard input, a line each.
+  bool FromStandardInput() const { return stream || (named.empty() && asked.pattern == "-"); }
   std::optional<std::string> Settle();
 
  private:
   std::optional<std::string> SettleOutput();
 };
 
-// "word, palindrome, anagram and exact": the values that an option takes.
-std::string WordTypeNames(const std::string& conjunction);
-std::string SortOrderNames(const std::string& conjunction);
-std::string ExportFormatNames(const std::string& conjunction);
-std::string ColourNames(const std::string& conjunction);
+Choices ColourChoices();
 
 // What is said of a pattern that is too long to be searched; nothing of any other.
 std::optional<std::string> TooLongText(std::string_view pattern);

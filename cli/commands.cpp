@@ -4,12 +4,14 @@
 #include <array>
 #include <memory>
 
+#include "cli/completion.h"
 #include "cli/explain_command.h"
 #include "cli/find_command.h"
 #include "cli/has_command.h"
 #include "cli/history_command.h"
 #include "cli/lexicon_commands.h"
 #include "cli/make_command.h"
+#include "cli/offers.h"
 #include "cli/output.h"
 #include "results/search_command.h"
 #include "search/conditions.h"
@@ -58,6 +60,14 @@ const CLI::Validator& NotEmpty() {
   return validator;
 }
 
+// An option whose value is one of some names.
+void AddChoice(CLI::App* command, const std::string& name, std::string& value, const std::string& help,
+               const Choices& choices) {
+  command->add_option(name, value, help + Listed(choices, "or"))
+      ->capture_default_str()
+      ->check(Offers({OfferKind::Words, choices}));
+}
+
 // The conditions in the order given, whatever their kinds.
 void TakeConditions(const CLI::App& command, const std::array<CLI::Option*, kConditionKinds>& options,
                     SearchArguments& arguments) {
@@ -73,7 +83,7 @@ void TakeConditions(const CLI::App& command, const std::array<CLI::Option*, kCon
 void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   CLI::Option* pattern = command->add_option("PATTERN", arguments.pattern,
                                              "The pattern, as typed into the window (with conditions default *)");
-  command->add_option(Dashed(kTypeOption), arguments.typeName, WordTypeNames("or"))->capture_default_str();
+  AddChoice(command, Dashed(kTypeOption), arguments.typeName, "", ChoicesOf(WordTypes()));
   const auto addList = [&](ListKind kind, const char* help) {
     command->add_option(Dashed(FactsOf(kind).option), arguments.search.lists.Of(kind), help);
   };
@@ -90,8 +100,11 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   }
   command->parse_complete_callback([=, &arguments] {
     TakeConditions(*command, options, arguments);
-    const CLI::Option* named = command->get_option_no_throw("--named");
-    if (pattern->count() > 0 || (named != nullptr && named->count() > 0)) {
+    const auto given = [command](const char* name) {
+      const CLI::Option* option = command->get_option_no_throw(name);
+      return option != nullptr && option->count() > 0;
+    };
+    if (pattern->count() > 0 || given("--named") || given("--stream")) {
       return;
     }
     if (arguments.search.conditions.empty()) {
@@ -101,12 +114,19 @@ void AddSearchOptions(CLI::App* command, SearchArguments& arguments) {
   });
 }
 
+void AddDataDirOption(CLI::App* command, std::string& dataDir) {
+  command->add_option(Dashed(kDataDirOption), dataDir, "The program's directory")
+      ->check(NotEmpty())
+      ->check(Offers({OfferKind::Directories}));
+}
+
 void AddLexiconOptions(CLI::App* command, std::string& lexicon, std::string& dataDir) {
   command
       ->add_option(Dashed(kLexiconOption), lexicon,
                    "Lexicon file, or its name in the program's directory (default: words.lex there)")
-      ->check(NotEmpty());
-  command->add_option(Dashed(kDataDirOption), dataDir, "The program's directory")->check(NotEmpty());
+      ->check(NotEmpty())
+      ->check(Offers({OfferKind::Lexicons}));
+  AddDataDirOption(command, dataDir);
 }
 
 // Lists instead of a lexicon; each takes one value, so that a pattern may follow.
@@ -114,6 +134,7 @@ void AddListOption(CLI::App* command, std::vector<std::string>& lists) {
   command->add_option("--words", lists, "Word list instead of a lexicon, in any order (-: standard input; repeatable)")
       ->allow_extra_args(false)
       ->check(NotEmpty())
+      ->check(Offers({OfferKind::Files}))
       ->excludes(Dashed(kLexiconOption));
 }
 
@@ -121,13 +142,25 @@ void AddListOption(CLI::App* command, std::vector<std::string>& lists) {
 void AddNamedOption(CLI::App* command, std::string& named) {
   CLI::Option* pattern = command->get_option("PATTERN");
   CLI::Option* option = command->add_option("--named", named, "Run the search of that name in the history instead");
-  option->check(NotEmpty())->excludes(pattern);
+  option->check(NotEmpty())->check(Offers({OfferKind::Searches}))->excludes(pattern);
   option->excludes(Dashed(kTypeOption))->excludes(Dashed(kLengthOption));
   for (const ListKind kind : kListKinds) {
     option->excludes(Dashed(FactsOf(kind).option));
   }
   for (const ConditionFacts& facts : ConditionKinds()) {
     option->excludes(Dashed(facts.option));
+  }
+}
+
+// Requests on standard input instead of a pattern, and what goes with `find -`.
+void AddStreamOptions(CLI::App* command, FindArguments& find) {
+  command->add_option("--between", find.between,
+                      "With PATTERN -: a line between the words of one pattern and the next");
+  CLI::Option* stream =
+      command->add_flag("--stream", find.stream, "Answer each line of standard input, JSON or a pattern, with JSON");
+  for (const char* other :
+       {"PATTERN", "--named", "--between", "--time", "--format", "--color", "--json", "--save", "--save-lexicon"}) {
+    stream->excludes(command->get_option(other));
   }
 }
 
@@ -151,22 +184,26 @@ CommandLine AddFind(CLI::App& app) {
   AddLexiconOptions(command, find->lexicon, find->dataDir);
   command->add_option(Dashed(kLengthOption), find->asked.lengthText, "Word length, N or MIN-MAX, 1 to 60")
       ->check(NotEmpty());
-  command->add_option(Dashed(kSortOption), find->sortName, SortOrderNames("or"))->capture_default_str();
+  AddChoice(command, Dashed(kSortOption), find->sortName, "", ChoicesOf(SortOrders()));
   command->add_flag(Dashed(kUpperOption), find->upper, "Words in upper case");
-  command->add_flag("--count", find->count, "Print the number of words only");
-  command->add_option("--limit", find->limitText, "Print no more than so many words")->check(NotEmpty());
-  command->add_option("--format", find->formatName, ExportFormatNames("or"))->capture_default_str();
-  command->add_option("--color", find->colourName, "The pattern's own letters in bold: " + ColourNames("or"))
-      ->capture_default_str();
-  command->add_flag("--strict", find->strict, "Refuse a pattern of which characters would be dropped");
-  command->add_flag("--explain", find->explain, "Say the search in words on standard error");
+  command->add_flag(Dashed(kCountOption), find->count, "Print the number of words only");
+  command->add_option(Dashed(kLimitOption), find->limitText, "Print no more than so many words")->check(NotEmpty());
+  AddChoice(command, "--format", find->formatName, "", ChoicesOf(ExportFormats()));
+  AddChoice(command, "--color", find->colourName, "The pattern's own letters in bold: ", ColourChoices());
+  command->add_flag(Dashed(kStrictOption), find->strict, "Refuse a pattern of which characters would be dropped");
+  command->add_flag(Dashed(kExplainOption), find->explain, "Say the search in words on standard error");
   command->add_flag("--time", find->time, "Print the time of the search on standard error");
   command->add_flag("--json", find->json, "One JSON object a line");
   command->add_option("--seed", find->seed, "Seed of random words")->check(NotEmpty());
-  command->add_option("--save", find->saveFile, "Also write the results file")->check(NotEmpty());
-  command->add_option("--save-lexicon", find->saveLexicon, "Also write the words as a lexicon file")->check(NotEmpty());
+  command->add_option("--save", find->saveFile, "Also write the results file")
+      ->check(NotEmpty())
+      ->check(Offers({OfferKind::Files}));
+  command->add_option("--save-lexicon", find->saveLexicon, "Also write the words as a lexicon file")
+      ->check(NotEmpty())
+      ->check(Offers({OfferKind::LexiconFiles}));
   AddListOption(command, find->wordLists);
   AddNamedOption(command, find->named);
+  AddStreamOptions(command, *find);
   return {command, [find] {
             const bool ready = Settled(*find) && (find->named.empty() || TakeNamed(*find));
             return ready ? Find(*find) : kFailed;
@@ -213,21 +250,41 @@ CommandLine AddHas(CLI::App& app) {
 CommandLine AddHistory(CLI::App& app) {
   struct Options {
     std::string dataDir;
-    bool json = false;
+    HistoryForm form = HistoryForm::Lines;
   };
   auto options = std::make_shared<Options>();
   CLI::App* command = app.add_subcommand("history", "List the window's searches, newest last");
   command->footer("Exit status: 0 searches were listed, 1 none, 2 something failed.");
-  command->add_flag("--json", options->json, "One JSON object a line");
-  command->add_option(Dashed(kDataDirOption), options->dataDir, "The program's directory")->check(NotEmpty());
-  return {command, [options] { return ShowHistory(options->dataDir, options->json); }};
+  CLI::Option* json = command->add_flag_callback(
+      "--json", [options] { options->form = HistoryForm::Json; }, "One JSON object a line");
+  command
+      ->add_flag_callback(
+          "--names", [options] { options->form = HistoryForm::Names; }, "The names alone, one a line")
+      ->excludes(json);
+  AddDataDirOption(command, options->dataDir);
+  return {command, [options] { return ShowHistory(options->dataDir, options->form); }};
+}
+
+CommandLine AddCompletion(CLI::App& app) {
+  auto shell = std::make_shared<std::string>();
+  CLI::App* command = app.add_subcommand("completion", "Print the completion of this program for a shell");
+  command->add_option("SHELL", *shell, Listed(ChoicesOf(Shells()), "or"))
+      ->required()
+      ->check(Offers({OfferKind::Words, ChoicesOf(Shells())}));
+  return {command, [&app, shell] { return PrintCompletion(app, *shell); }};
 }
 
 CommandLine AddList(CLI::App& lexicon) {
-  auto dataDir = std::make_shared<std::string>();
+  struct Options {
+    std::string dataDir;
+    bool names = false;
+  };
+  auto options = std::make_shared<Options>();
   CLI::App* command = lexicon.add_subcommand("list", "List the lexicons of the program's directory with their counts");
-  command->add_option(Dashed(kDataDirOption), *dataDir, "The program's directory")->check(NotEmpty());
-  return {command, [dataDir] { return ListLexicons(*dataDir); }};
+  command->add_flag("--names", options->names, "The names alone; nothing is loaded or made");
+  AddDataDirOption(command, options->dataDir);
+  return {command,
+          [options] { return options->names ? ListLexiconNames(options->dataDir) : ListLexicons(options->dataDir); }};
 }
 
 CommandLine AddCheck(CLI::App& lexicon) {
@@ -237,7 +294,7 @@ CommandLine AddCheck(CLI::App& lexicon) {
   };
   auto options = std::make_shared<Options>();
   CLI::App* command = lexicon.add_subcommand("check", "Load a lexicon as the program would");
-  command->add_option("FILE", options->file, "Lexicon file")->required();
+  command->add_option("FILE", options->file, "Lexicon file")->required()->check(Offers({OfferKind::LexiconFiles}));
   command->add_flag("--json", options->json, "One JSON object");
   return {command, [options] { return CheckLexicon(options->file, options->json); }};
 }
@@ -245,23 +302,29 @@ CommandLine AddCheck(CLI::App& lexicon) {
 CommandLine AddMake(CLI::App& lexicon) {
   auto make = std::make_shared<MakeArguments>();
   CLI::App* command = lexicon.add_subcommand("make", "Make a lexicon of word lists");
-  command->add_option("INPUT", make->inputs, "Word lists (-: standard input)")->required();
-  command->add_option("-o", make->output, "The lexicon file to write")->required();
+  command->add_option("INPUT", make->inputs, "Word lists (-: standard input)")
+      ->required()
+      ->check(Offers({OfferKind::Files}));
+  command->add_option("-o", make->output, "The lexicon file to write")
+      ->required()
+      ->check(Offers({OfferKind::LexiconFiles}));
   command->add_option("--column", make->column, "Which column holds the words, from 1")->capture_default_str();
-  command->add_option(
-      "--separator", make->separatorName,
-      SeparatorNames("or") + ", or the character itself (default any; auto with --column or --phrases)");
-  command->add_flag("--heading", make->heading, "The first line of each list is a heading");
   command
-      ->add_option("--phrases", make->phrasesName, "What becomes of several words in a column: " + PhrasesNames("or"))
-      ->capture_default_str();
+      ->add_option("--separator", make->separatorName,
+                   Listed(ChoicesOf(Separators()), "or") +
+                       ", or the character itself (default any; auto with --column or --phrases)")
+      ->check(Offers({OfferKind::Words, ChoicesOf(Separators())}));
+  command->add_flag("--heading", make->heading, "The first line of each list is a heading");
+  AddChoice(command, "--phrases", make->phrasesName,
+            "What becomes of several words in a column: ", ChoicesOf(PhrasesRows()));
   return {command, [make] { return Settled(*make) ? MakeLexicon(*make) : kFailed; }};
 }
 
 }  // namespace
 
 std::vector<CommandLine> AddCommands(CLI::App& app) {
-  std::vector<CommandLine> commands{AddFind(app), AddExplain(app), AddStats(app), AddHas(app), AddHistory(app)};
+  std::vector<CommandLine> commands{AddFind(app), AddExplain(app), AddStats(app),
+                                    AddHas(app),  AddHistory(app), AddCompletion(app)};
   CLI::App* lexicon = app.add_subcommand("lexicon", "List, check and make lexicon files");
   lexicon->require_subcommand(1);
   commands.push_back(AddList(*lexicon));

@@ -11,19 +11,18 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
-#include <random>
 
 #include "cli/fixed_letters.h"
 #include "cli/json.h"
 #include "cli/lexicon_commands.h"
 #include "cli/make_command.h"
 #include "cli/output.h"
+#include "cli/read_pattern.h"
+#include "cli/stream.h"
 #include "results/export.h"
 #include "results/results_file.h"
-#include "results/search_run.h"
 #include "results/summary.h"
 #include "search/conditions.h"
-#include "search/input_check.h"
 #include "search/reading.h"
 #include "search/search_texts.h"
 
@@ -34,55 +33,6 @@ using Clock = std::chrono::steady_clock;
 
 double MillisecondsSince(Clock::time_point start) {
   return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-class SeededRandom : public RandomSource {
- public:
-  explicit SeededRandom(uint32_t seed) : generator_(seed) {}
-  double NextFraction() override { return static_cast<double>(generator_()) / 4294967296.0; }
-
- private:
-  std::mt19937 generator_;
-};
-
-// A typed text after the check, as a search, or why it is refused.
-struct ReadPattern {
-  std::optional<std::string> refusal;
-  std::optional<SearchRun> run;
-};
-
-ReadPattern Read(const std::string& typed, const Search& asked, bool strict) {
-  if (auto tooLong = TooLongText(typed)) {
-    return {std::move(tooLong), std::nullopt};
-  }
-  if (typed.empty()) {
-    return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
-  }
-  InputControls controls;
-  SelectWordType(controls, asked.mode);
-  const InputAnswer answer = CheckInput({typed, typed.size(), controls}, asked.lists);
-  if (answer.controls.selected != asked.mode) {
-    const std::string moved =
-        "'" + typed + "' can't be searched with --type " + std::string(FactsOf(asked.mode).option);
-    return {answer.beeps > 0 ? answer.LastStatus() + " (" + moved + ")" : moved, std::nullopt};
-  }
-  if (answer.beeps > 0 || !answer.controls.canSearch) {
-    return {answer.LastStatus(), std::nullopt};
-  }
-  if (answer.text.empty()) {
-    return {std::string(FactsOf(asked.mode).prompt), std::nullopt};
-  }
-  if (strict && answer.text != typed) {
-    return {"--strict: only '" + answer.text + "' of the pattern can be searched", std::nullopt};
-  }
-  Search search = asked;
-  search.text = answer.text;
-  search.noun = answer.controls.noun;
-  SearchRun run(search);
-  if (run.Prepared().refusal) {
-    return {run.Prepared().refusal->statusText, std::nullopt};
-  }
-  return {std::nullopt, std::move(run)};
 }
 
 // Words are in bold for a terminal that shows it, unless its user wants no colours.
@@ -119,6 +69,9 @@ class FindRun {
     if (!Load()) {
       return output_.Finish(kFailed);
     }
+    if (arguments_.stream) {
+      return output_.Finish(AnswerStream(arguments_, lexicon_, random_, output_));
+    }
     if (!arguments_.FromStandardInput()) {
       return output_.Finish(One(arguments_.asked.pattern));
     }
@@ -128,6 +81,9 @@ class FindRun {
       ++line_;
       if (line.ends_with('\r')) {
         line.pop_back();
+      }
+      if (line_ > 1 && arguments_.between) {
+        output_.Write(*arguments_.between + "\n");
       }
       const int status = One(line);
       found = found || status == kFound;

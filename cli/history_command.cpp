@@ -1,5 +1,8 @@
 #include "cli/history_command.h"
 
+#include <algorithm>
+#include <set>
+
 #include "base/program_directory.h"
 #include "base/text.h"
 #include "cli/output.h"
@@ -43,16 +46,38 @@ std::string LineOf(const HistoryEntry& entry) {
   return text + "\n";
 }
 
+bool HasControls(std::string_view text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
+}
+
+// Whether there is one.
+bool WriteNames(const History& history, Output& output) {
+  std::set<std::string> names;
+  for (const HistoryEntry& entry : history.Entries()) {
+    if (!entry.name.empty() && !HasControls(entry.name) && names.insert(entry.name).second) {
+      output.Write(entry.name + "\n");
+    }
+  }
+  return !names.empty();
+}
+
 }  // namespace
 
-int ShowHistory(const std::string& dataDir, bool json) {
+int ShowHistory(const std::string& dataDir, HistoryForm form) {
   Output output;
   History history;
-  if (!Load(JoinPath(ProgramDirectoryOf(dataDir), kHistoryName), history)) {
+  const std::string directory = form == HistoryForm::Names
+                                    ? ProgramDirectoryPath(ProgramDirectoryInputOfProcess(dataDir))
+                                    : ProgramDirectoryOf(dataDir);
+  if (!Load(JoinPath(directory, kHistoryName), history)) {
     return kFailed;
   }
+  if (form == HistoryForm::Names) {
+    return output.Finish(WriteNames(history, output) ? kFound : kNothingFound);
+  }
   for (const HistoryEntry& entry : history.Entries()) {
-    output.Write(json ? JsonOf(entry) + "\n" : LineOf(entry));
+    output.Write(form == HistoryForm::Json ? JsonOf(entry) + "\n" : LineOf(entry));
   }
   return output.Finish(history.Entries().empty() ? kNothingFound : kFound);
 }

@@ -7,8 +7,11 @@
 
 namespace quorvane::cli {
 
-// Lists the history of the program's directory, newest last; the exit status.
-int ShowHistory(const std::string& dataDir, bool json);
+enum class HistoryForm { Lines, Json, Names };
+
+// Lists the history of the program's directory, newest last; the exit status. Of names each once, but none with control
+// characters, and no directory is made for them.
+int ShowHistory(const std::string& dataDir, HistoryForm form);
 
 // Puts the search named `arguments.named` in place of what is asked for; false, with a message, when there is none.
 bool TakeNamed(FindArguments& arguments);

@@ -53,6 +53,12 @@ JsonObject& JsonObject::Path(std::string_view key, std::string_view bytes) {
   return *this;
 }
 
+JsonObject& JsonObject::Json(std::string_view key, std::string_view value) {
+  Key(key);
+  line_ += value;
+  return *this;
+}
+
 JsonObject& JsonObject::Number(std::string_view key, int64_t value) {
   Key(key);
   line_ += std::to_string(value);

@@ -13,6 +13,7 @@ class JsonObject {
  public:
   JsonObject& Text(std::string_view key, std::string_view bytes);  // 8-bit characters, read as Windows-1252.
   JsonObject& Path(std::string_view key, std::string_view bytes);  // A path: as it stands where it is UTF-8.
+  JsonObject& Json(std::string_view key, std::string_view value);  // What is JSON already.
   JsonObject& Number(std::string_view key, int64_t value);
   JsonObject& Milliseconds(std::string_view key, double value);
   JsonObject& Flag(std::string_view key, bool value);

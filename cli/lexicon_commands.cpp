@@ -127,6 +127,15 @@ int ListLexicons(const std::string& dataDir) {
   return output.Finish(names.empty() ? kNothingFound : kFound);
 }
 
+int ListLexiconNames(const std::string& dataDir) {
+  Output output;
+  const std::vector<std::string> names = LexiconFilesIn(ProgramDirectoryPath(ProgramDirectoryInputOfProcess(dataDir)));
+  for (const std::string& name : names) {
+    output.Write(name + "\n");
+  }
+  return output.Finish(names.empty() ? kNothingFound : kFound);
+}
+
 int CheckLexicon(const std::string& path, bool json) {
   Output output;
   const LoadResult loaded = LoadLexicon(path);

@@ -19,6 +19,8 @@ std::optional<std::string> LexiconPath(const std::string& lexicon, const std::st
 int ShowStatistics(const std::string& lexicon, const std::string& dataDir);
 // A line for each lexicon of the program's directory: its name and count, or what is wrong with it.
 int ListLexicons(const std::string& dataDir);
+// The names alone. Nothing is loaded, and no directory is made.
+int ListLexiconNames(const std::string& dataDir);
 int CheckLexicon(const std::string& path, bool json);
 
 }  // namespace quorvane::cli

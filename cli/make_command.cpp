@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "cli/choices.h"
 #include "cli/output.h"
 #include "lexicon/word_list_reader.h"
 
@@ -10,15 +11,6 @@ namespace {
 
 // Without options of its own a list's word is what stands in front of the first blank, tab, comma or semicolon.
 constexpr MakerOptions kFirstWords{Separator::Any, 1, false, Phrases::FirstWord};
-
-template <class Rows>
-std::string NamesOf(const Rows& rows, const std::string& conjunction) {
-  std::string names;
-  for (size_t i = 0; i < rows.size(); ++i) {
-    names += (i == 0 ? "" : i + 1 < rows.size() ? ", " : " " + conjunction + " ") + std::string(rows[i].option);
-  }
-  return names;
-}
 
 // What the lists hold, reported; nothing, with a message, when that is no lexicon.
 std::optional<MadeLexicon> Make(const std::vector<std::string>& inputs, const MakerOptions& options,
@@ -43,18 +35,10 @@ std::optional<MadeLexicon> Make(const std::vector<std::string>& inputs, const Ma
 
 }  // namespace
 
-std::string PhrasesNames(const std::string& conjunction) {
-  return NamesOf(PhrasesRows(), conjunction);
-}
-
-std::string SeparatorNames(const std::string& conjunction) {
-  return NamesOf(Separators(), conjunction);
-}
-
 std::optional<std::string> MakeArguments::Settle() {
   const auto phrases = PhrasesOfOption(phrasesName);
   if (!phrases) {
-    return "--phrases: '" + phrasesName + "' is none of " + PhrasesNames("and");
+    return "--phrases: '" + phrasesName + "' is none of " + Listed(ChoicesOf(PhrasesRows()), "and");
   }
   options = kFirstWords;
   options.column = column;
@@ -70,7 +54,7 @@ std::optional<std::string> MakeArguments::Settle() {
   }
   const auto separator = SeparatorOfOption(separatorName);
   if (!separator) {
-    return "--separator: '" + separatorName + "' is none of " + SeparatorNames("and");
+    return "--separator: '" + separatorName + "' is none of " + Listed(ChoicesOf(Separators()), "and");
   }
   options.separator = *separator;
   return std::nullopt;

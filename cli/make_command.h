@@ -24,10 +24,6 @@ struct MakeArguments {
   std::optional<std::string> Settle();
 };
 
-// "skip, join or first": the values that an option takes.
-std::string PhrasesNames(const std::string& conjunction);
-std::string SeparatorNames(const std::string& conjunction);
-
 // Makes a lexicon file of the inputs, of which "-" is standard input; the exit status.
 int MakeLexicon(const MakeArguments& arguments);
 

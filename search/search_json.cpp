@@ -9,14 +9,13 @@
 namespace quorvane {
 namespace {
 
-constexpr const char* kPattern = "pattern";
 constexpr const char* kType = kTypeOption.data();
 constexpr const char* kLength = kLengthOption.data();
 constexpr const char* kNoun = "noun";  // Only where it is not the type's own.
 
 // The key and the text of each.
 std::array<std::pair<const char*, std::string*>, 1 + kListKinds.size()> TextsOf(Search& search) {
-  std::array<std::pair<const char*, std::string*>, 1 + kListKinds.size()> texts{{{kPattern, &search.text}}};
+  std::array<std::pair<const char*, std::string*>, 1 + kListKinds.size()> texts{{{kPatternKey, &search.text}}};
   for (size_t i = 0; i < kListKinds.size(); ++i) {
     texts[i + 1] = {FactsOf(kListKinds[i]).option.data(), &search.lists.Of(kListKinds[i])};
   }

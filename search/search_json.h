@@ -12,6 +12,8 @@ namespace quorvane {
 
 using Json = nlohmann::json;
 
+inline constexpr const char* kPatternKey = "pattern";
+
 // Adds the keys of a search to an object. Its texts are 8-bit characters, in JSON UTF-8. Conditions stand by kind, in
 // an array each; which kind was given first is not told.
 void PutSearch(const Search& search, Json& object);

@@ -1,6 +1,7 @@
 #include "search/verify_plan.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <optional>
 #include <string_view>
@@ -11,19 +12,31 @@
 namespace quorvane {
 namespace {
 
-// The letters that a pattern character (no digit, no "=") stands for, asked of the one definition.
-LetterSet LettersOf(char patternCharacter, const CharacterLists& lists) {
-  Matcher matcher(lists);
-  LetterSet set = 0;
-  for (char c = 'a'; c <= 'z'; ++c) {
-    matcher.StartWord();
-    matcher.MatchChar(patternCharacter, c);
-    if (matcher.MatchFlag()) {
-      set |= LetterBit(c);
+// The letters that a pattern character (no digit, no "=") stands for, asked of the one definition. Each is asked once:
+// of a short search that is a good part.
+class LetterClasses {
+ public:
+  explicit LetterClasses(const CharacterLists& lists) : matcher_(lists) {}
+
+  LetterSet Of(char patternCharacter) {
+    LetterSet& known = known_[static_cast<unsigned char>(patternCharacter)];
+    if (known == 0) {
+      known = kAsked;
+      for (char c = 'a'; c <= 'z'; ++c) {
+        matcher_.RaiseMatchFlag();
+        matcher_.MatchChar(patternCharacter, c);
+        known |= matcher_.MatchFlag() ? LetterBit(c) : 0;
+      }
     }
+    return known & kAllLetters;
   }
-  return set;
-}
+
+ private:
+  static constexpr LetterSet kAsked = ~kAllLetters;
+
+  Matcher matcher_;
+  std::array<LetterSet, 256> known_{};
+};
 
 bool IsBoundDigit(char c) {
   return StandsFor(c) == Stands::SameCharacter;
@@ -41,7 +54,12 @@ unsigned BlanksIn(std::string_view tiles) {
 class PlanMaker {
  public:
   PlanMaker(const PreparedPattern& prepared, const CharacterLists& lists, VerifyPlan& plan)
-      : prepared_(prepared), lists_(lists), plan_(plan), filter_(plan.filter), positions_(plan.positions) {}
+      : prepared_(prepared),
+        lists_(lists),
+        classes_(lists),
+        plan_(plan),
+        filter_(plan.filter),
+        positions_(plan.positions) {}
   void Make();
 
  private:
@@ -59,6 +77,7 @@ class PlanMaker {
 
   const PreparedPattern& prepared_;
   const CharacterLists& lists_;
+  LetterClasses classes_;
   VerifyPlan& plan_;
   WordFilter& filter_;
   Positions& positions_;
@@ -114,7 +133,7 @@ void PlanMaker::MakePositions() {
   }
   // Tiles are used up from left to right, and a character that stands for no letter at all concerns only words with
   // other characters: such patterns are tried word by word.
-  const auto needsState = [this](char c) { return IsTile(c) || (!IsBoundDigit(c) && LettersOf(c, lists_) == 0); };
+  const auto needsState = [this](char c) { return IsTile(c) || (!IsBoundDigit(c) && classes_.Of(c) == 0); };
   if (characters.size() > kMaxMaskLength || std::any_of(characters.begin(), characters.end(), needsState)) {
     return;
   }
@@ -176,7 +195,7 @@ void PlanMaker::AddCharacter(char patternCharacter, std::optional<EndPlace> end,
     AddDigit(patternCharacter, end, middleOffset);
     return;
   }
-  const LetterSet letters = LettersOf(patternCharacter, lists_);
+  const LetterSet letters = classes_.Of(patternCharacter);
   if (letters == kAllLetters) {
     return;
   }
@@ -224,7 +243,7 @@ void PlanMaker::LimitToWholePattern() {
       allowed |= LetterSetOf(lists_.scrabble) & kAllLetters;
       blanks = BlanksIn(lists_.scrabble);
     } else {
-      allowed |= LettersOf(c, lists_);
+      allowed |= classes_.Of(c);
     }
   }
   if (allowed != kAllLetters) {

@@ -1,5 +1,5 @@
-"""Holds the command line's pages: each example of docs/command_line.md prints what the page says, and the page, the man
-page and --help name the same options.
+"""Holds the command line's pages: each example of docs/command_line.md prints what the page says, its Python programs
+among them, and the page, the man page and --help name the same options.
 
 Usage: check_pages.py QUORVANE_CLI SOURCE_DIRECTORY. Exit status 1 with what differs; 77 where the default lexicon beside
 the program is not the one that the page speaks of.
@@ -26,6 +26,12 @@ def examples_of(page: str) -> list:
             else:
                 examples[-1] = (examples[-1][0], examples[-1][1] + line)
     return examples
+
+
+def programs_of(page: str) -> dict:
+    """Every Python block by its file's name, which is its first line."""
+    blocks = re.findall(r"^```python\n(# (\S+\.py)\n.*?)^```$", page, re.MULTILINE | re.DOTALL)
+    return {name: text for text, name in blocks}
 
 
 def run(command: list, environment: dict, directory: str) -> str:
@@ -60,6 +66,8 @@ def check_examples(program: pathlib.Path, page: str) -> list:
     faults = []
     with tempfile.TemporaryDirectory() as scratch, tempfile.TemporaryDirectory() as home:
         environment = {"PATH": f"{program.parent}:{os.environ['PATH']}", "HOME": home, "LC_ALL": "C.UTF-8"}
+        for name, text in programs_of(page).items():
+            pathlib.Path(scratch, name).write_text(text, encoding="utf-8")
         examples = examples_of(page)
         for command, expected in examples:
             shown = run(["bash", "-c", command], environment, scratch)

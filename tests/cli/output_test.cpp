@@ -7,6 +7,8 @@
 namespace quorvane::test {
 namespace {
 
+using namespace std::string_literals;
+
 TEST_F(CommandLine, ManySearchesKeepTheirLexicon) {
   // Two pipes in step: between two patterns the file is rewritten in place, then emptied.
   const Row row = {
@@ -35,6 +37,60 @@ TEST_F(CommandLine, ManySearchesEndWithTheirReader) {
       "trap '' PIPE; yes at | head -300000 | q find - 2>err | head -1; test $(wc -l <err) -lt 300000; echo $?", 0,
       "at\n0\n", "..."};
   Try(row);
+}
+
+TEST_F(CommandLine, AStreamGoesOnBehindWhatItCanNotRead) {
+  directory_.Write(
+      "bad",
+      "{\"id\": 1, \"pattern\": \"c?t\", \"and\": \"*a*\", \"limit\": 1}\nc?t\r\n\nt\0ea\n[1]\n"
+      "{\"id\": \"x\", \"pattern\": 5}\n{\"id\": [1]}\n{\"id\": 2, \"lexicon\": \"words\"}\n{\"with\": []}\n"
+      "{\"pattern\": \"*\", \"with\": [\"b\", 1]}\n{\"pattern\": \"c\0t\"}\n{\"pattern\": \"\xFF\"}\n"
+      "{\"pattern\": \"a\", \"limit\": -1}\n{\"pattern\": \"a\", \"type\": \"x\"}\n{\"not\": \"*e*\", \"count\": "
+      "true}\n{\"pattern\": \"~1\", \"seed\": -1}\n{\"pattern\": \"a&t\", \"explain\": true}\n{\"pattern\": "
+      "\"a&t\", \"strict\": true}\n{\"pattern\": \"at"s);
+  const Row rows[] = {
+      {"q find --stream <bad | tr '\"' '`' | sed 's/line 1.*`}/...`}/'", 0,
+       "{`id`: 1, `pattern`: `c?t`, `count`: 1, `words`: [`cat`]}\n{`pattern`: `c?t`, `count`: 2, `words`: [`cat`, "
+       "`cut`]}\n"
+       "{`error`: `Please enter a word selection.`}\n{`pattern`: `t\\u0000ea`, `text`: `tea`, `count`: 1, `words`: "
+       "[`tea`]}\n"
+       "{`pattern`: `[1]`, `text`: `1`, `count`: 0, `words`: []}\n{`id`: `x`, `error`: `'pattern' takes a text`}\n"
+       "{`error`: `'id' takes a text or a number`}\n{`id`: 2, `error`: `there is no key 'lexicon'`}\n"
+       "{`error`: `there is no pattern`}\n{`error`: `'with' takes a text`}\n"
+       "{`error`: `parse error at ...`}\n{`error`: `parse error at ...`}\n"
+       "{`error`: `--limit: '-1' is no whole number from 0`}\n"
+       "{`error`: `--type: 'x' is none of word, palindrome, anagram and exact`}\n{`pattern`: `*`, `count`: 7}\n"
+       "{`error`: `'seed' takes a number from 0 to 4294967295`}\n"
+       "{`pattern`: `a&t`, `text`: `at`, `reading`: `the word at`, `count`: 1, `words`: [`at`]}\n"
+       "{`error`: `--strict: only 'at' of the pattern can be searched`}\n{`error`: `parse error at ...`}\n",
+       ""},
+      {"q find --stream <bad >/dev/null", 2, "", ""},
+      {"echo cat | q find --stream >/dev/full", 2, "", "quorvane-cli: standard output: No space left on device\n"},
+      {"q find --stream </", 2, "", "quorvane-cli: can't read standard input: Is a directory\n"},
+      {"q find --stream cat", 2, "", "...PATTERN excludes --stream"},
+      {"q find --stream --words - </dev/null", 2, "",
+       "quorvane-cli: standard input is either the patterns or the list\n"},
+      {"printf 'c?t\\na**\\nzzz\\n' | q find - --between -- 2>/dev/null", 2, "cat\ncut\n--\n--\n", ""},
+      {"q find cat --between=", 2, "", "quorvane-cli: --between goes with find - only, and not with --json\n"},
+  };
+  Try(rows);
+#ifdef __SANITIZE_ADDRESS__  // It takes memory of its own.
+  const std::string little;
+#else
+  const std::string little = "ulimit -v 200000; ";
+#endif
+  Try({("(head -c 100000000 /dev/zero; echo; echo cat) | (" + little + "q find --stream)").c_str(), 2,
+       "{\"error\": \"the line has more than 1,048,576 characters\"}\n"
+       "{\"pattern\": \"cat\", \"count\": 1, \"words\": [\"cat\"]}\n",
+       ""});
+  // An answer comes before the next request is sent; a reader that goes away ends the stream.
+  const Result result =
+      Run("mkfifo in out; q find --stream <in >out & exec 3>in 4<out\n"
+          "for word in cat at; do echo $word >&3; read -r answer <&4; echo \"$answer\"; done\n"
+          "exec 4<&-; trap '' PIPE; while echo cat >&3 2>/dev/null; do :; done; wait $!; echo $?");
+  EXPECT_EQ(result.out,
+            "{\"pattern\": \"cat\", \"count\": 1, \"words\": [\"cat\"]}\n"
+            "{\"pattern\": \"at\", \"count\": 1, \"words\": [\"at\"]}\n141\n");
 }
 
 TEST_F(CommandLine, FormatsAndLimits) {
