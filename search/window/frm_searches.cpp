@@ -15,6 +15,7 @@
 
 #include "base/window/beside.h"
 #include "base/window/labels.h"
+#include "base/window/qt_text.h"
 #include "search/window/searches_model.h"
 
 namespace quorvane {
@@ -130,7 +131,7 @@ void FrmSearches::ShowEntries(const std::vector<HistoryEntry>& entries) {
 }
 
 void FrmSearches::Say(const std::string& text) {
-  lblNote_->setText(QString::fromStdString(text));
+  lblNote_->setText(FromText(text));
   lblNote_->setVisible(!text.empty());
 }
 

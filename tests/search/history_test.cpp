@@ -158,6 +158,14 @@ TEST_F(HistoryTest, TheSameSearchIsListedNamedAndForgottenAsOne) {
   add("a", "x", 6);
   ASSERT_FALSE(history.Forget(history.Distinct()[0]));
   EXPECT_EQ(listed(), "b x3; a y2; ");
+  for (const char* name : {"p", "q"}) {
+    HistoryEntry entry = EntryOf("b");
+    entry.name = name;
+    ASSERT_FALSE(history.Append(entry));
+  }
+  EXPECT_EQ(listed(), "b w0q; b w0p; b x3; a y2; ");
+  ASSERT_FALSE(history.Forget(history.Distinct()[0]));
+  EXPECT_EQ(listed(), "b w0p; b x3; a y2; ") << "another name is another's";
 }
 
 TEST_F(HistoryTest, TwoSessionsNeverLoseEachOthersLines) {
