@@ -131,10 +131,9 @@ TEST_F(HistoryTest, TidyKeepsTheLastOfEachSearchAndTheNamedOnes) {
 
 TEST_F(HistoryTest, TheSameSearchIsListedNamedAndForgottenAsOne) {
   History history = Loaded();
-  const auto add = [&](const char* pattern, const char* lexicon, int64_t count) {
+  const auto add = [&](const char* pattern, const char* lexicon, int64_t count, const char* name = "") {
     HistoryEntry entry = EntryOf(pattern);
-    entry.lexicon = lexicon;
-    entry.count = count;
+    std::tie(entry.lexicon, entry.count, entry.name) = std::tie(lexicon, count, name);
     ASSERT_FALSE(history.Append(entry));
   };
   const auto listed = [&] {
@@ -158,14 +157,10 @@ TEST_F(HistoryTest, TheSameSearchIsListedNamedAndForgottenAsOne) {
   add("a", "x", 6);
   ASSERT_FALSE(history.Forget(history.Distinct()[0]));
   EXPECT_EQ(listed(), "b x3; a y2; ");
-  for (const char* name : {"p", "q"}) {
-    HistoryEntry entry = EntryOf("b");
-    entry.name = name;
-    ASSERT_FALSE(history.Append(entry));
-  }
-  EXPECT_EQ(listed(), "b w0q; b w0p; b x3; a y2; ");
+  add("b", "x", 7, "p");
+  add("b", "x", 8, "q");
   ASSERT_FALSE(history.Forget(history.Distinct()[0]));
-  EXPECT_EQ(listed(), "b w0p; b x3; a y2; ") << "another name is another's";
+  EXPECT_EQ(listed(), "b x7p; a y2; ") << "each name is a row of its own";
 }
 
 TEST_F(HistoryTest, TwoSessionsNeverLoseEachOthersLines) {

@@ -37,22 +37,12 @@ class Histories {
   // A search that no controls ask for.
   Search Impossible() {
     Search search;
-    search.text = "c?t";
-    switch (Below(5)) {
-      case 0:
-        search.text = "c\x01t";
-        break;
-      case 1:
-        search.mode = WordType::Anagram;
-        break;
-      case 2:
-        search.lengths = {false, 3, 61};
-        break;
-      case 3:
-        search.conditions = {{ConditionKind::And, "c*"}, {ConditionKind::And, "*t"}};
-        break;
-      default:
-        search.conditions = {{ConditionKind::With, "4"}};
+    const size_t why = Below(4);
+    search.text = why == 0 ? "c\x01t" : "c?t";
+    search.mode = why == 1 ? WordType::Anagram : WordType::WordList;
+    search.lengths = {why != 2, 3, 61};
+    if (why == 3) {
+      search.conditions = {{ConditionKind::And, "c*"}, {ConditionKind::And, "*t"}};
     }
     return search;
   }
@@ -94,12 +84,9 @@ TEST(HistoryWalk, MeetsEachSearchOnceAndEndsWhereItBegan) {
       position += moves ? (older ? 1U : size_t{0} - 1) : 0;
       if (moves) {
         EXPECT_EQ(SearchKey(AskedBy(*state)), expected[position]) << seed;
-        EXPECT_EQ(position == 0 && state->caret != before.caret, false) << seed;
+        EXPECT_TRUE(position > 0 || state->caret == before.caret) << seed;
         EXPECT_TRUE(!state->lengths.any || state->lengths.max == before.lengths.max) << seed;
       }
-    }
-    while (position-- > 1) {
-      EXPECT_TRUE(walk.Newer());
     }
     EXPECT_EQ(walk.End()->text, before.text);
     EXPECT_FALSE(walk.End());
