@@ -24,6 +24,7 @@ if [ -z "${PICTURES:-}" ]; then
 fi
 QT_SCALE_FACTOR=2 draw scale200_
 draw dark_ dark
-cp "$all"/[!sd]*.png "$all"/{start,search}.png "$all"/scale200_{search,frmPrinterSetup,frmExport,workbench_*}.png \
-   "$all"/dark_{search,frmPrinterSetup,menu_menFile,frmExport,workbench_*}.png "$to"
+cp "$all"/[!sd]*.png "$all"/{start,search}.png \
+   "$all"/scale200_{search,frmPrinterSetup,frmExport,frmImport,frmSearches,workbench_*}.png \
+   "$all"/dark_{search,frmPrinterSetup,menu_menFile,frmExport,frmImport,frmSearches,workbench_*}.png "$to"
 rm -f "$to"/menu_.png

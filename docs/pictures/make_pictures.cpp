@@ -23,6 +23,8 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
+#include <algorithm>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
@@ -55,6 +57,15 @@ class Home {
  private:
   QDir root_;
 };
+
+// Whether the button in a text box has faded in or out.
+bool IsStill(const QWidget& widget) {
+  const auto buttons = widget.findChildren<QToolButton*>();
+  return std::none_of(buttons.begin(), buttons.end(), [](const QToolButton* button) {
+    const double opacity = button->property("opacity").toDouble();
+    return opacity > 0 && opacity < 1;
+  });
+}
 
 // Saves a picture of every modal window that opens, and answers it.
 class PictureDoor : public ScreenDoor {
@@ -89,7 +100,9 @@ class PictureDoor : public ScreenDoor {
   void Beep() override {}
 
   void Save(QWidget& widget, const QString& name) {
-    QTest::qWait(200);  // The button in the pattern box has faded in or out.
+    do {
+      QTest::qWait(30);
+    } while (!IsStill(widget));
     widget.grab().save(QDir(directory_).filePath(prefix_ + name + ".png"));
   }
   // The next dialog is the choice of a lexicon, which is answered with `name`.
