@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include "search/match.h"
 #include "search/pattern.h"
 
