@@ -36,7 +36,7 @@ def main():
         terminal.press("\x15c*t**", "A maximum of two asterisks may be entered")
         terminal.press("\x15c?@t", "(?=.*2 words found).*COAT")
         terminal.press("\x1b[B\r", "1049l")  # Down, Enter; the program's screen goes.
-        status = terminal.close()
+        status = terminal.end()
         found = (directory / "found").read_text()
         if (status, found) != (0, "COAT\n"):
             faults.append(f"the word chosen: status {status}, '{found}'")

@@ -25,6 +25,15 @@ class Terminal:
         self.shown = ""
         return found
 
+    def end(self):
+        """The status of a program that ends by itself."""
+        try:
+            while os.read(self.terminal, 4096):
+                pass
+        except OSError:  # The program's side is closed.
+            pass
+        return self.close()
+
     def close(self):
         os.close(self.terminal)
         return os.waitstatus_to_exitcode(os.waitpid(self.child, 0)[1])
