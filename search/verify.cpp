@@ -136,7 +136,7 @@ struct TilesTest {
 
 // What lies in far memory is asked for early: about five blocks of words ahead, the text of one.
 constexpr size_t kFetchAhead = 4096;
-constexpr size_t kTextOfBlock = 13 * 64;
+constexpr size_t kTextOfBlock = size_t{13} * 64;
 constexpr int kWorthFetching = 3;  // Words to look at in a block.
 
 void FetchAhead(const char* text) {
