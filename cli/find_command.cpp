@@ -12,6 +12,7 @@
 #include <cstring>
 #include <iostream>
 
+#include "base/text.h"
 #include "cli/fixed_letters.h"
 #include "cli/json.h"
 #include "cli/lexicon_commands.h"
@@ -183,7 +184,7 @@ class FindRun {
   }
 
   int Refuse(const std::string& typed, const std::string& text) {
-    const std::string quoted = TooLongText(typed) ? "" : ", '" + typed + "'";
+    const std::string quoted = TooLongText(typed) ? "" : ", '" + QuotedText(typed) + "'";
     Complain(line_ == 0 ? text : "line " + std::to_string(line_) + quoted + ": " + text);
     if (arguments_.json) {
       output_.Write(JsonObject().Text("pattern", typed).Text("refused", text).Line());
