@@ -12,6 +12,11 @@ constexpr uint64_t LowBits(unsigned count) {
   return count >= 64 ? ~uint64_t{0} : (uint64_t{1} << count) - 1;
 }
 
+// Of two questions about as many words each way, without a branch to guess.
+constexpr bool Both(bool one, bool other) {
+  return (static_cast<unsigned>(one) & static_cast<unsigned>(other)) != 0;
+}
+
 // A word of 64 characters may leave no room for a suffix; such a pattern has none.
 bool FitsPlaces(const Places& places, uint64_t mask, unsigned suffixStart) {
   const uint64_t suffix = suffixStart < 64 ? places.suffix << suffixStart : 0;
@@ -31,9 +36,7 @@ struct EndsTest {
   const Positions& p;
   template <int Vectors>
   bool Accepts(const char* word, unsigned length, LetterSet) const {
-    const bool begins = p.prefix.FitAt(word);
-    const bool ends = p.suffix.FitAt(word + length - p.after);
-    return (static_cast<unsigned>(begins) & static_cast<unsigned>(ends)) != 0;  // No branch to guess.
+    return Both(p.prefix.FitAt(word), p.suffix.FitAt(word + length - p.after));
   }
 };
 
@@ -43,7 +46,7 @@ struct RunTest {
   bool Accepts(const char* word, unsigned length, LetterSet) const {
     const uint64_t starts = RunMask<Vectors>(word, p.run) & LowBits(length - p.middle + 1);
     const auto fitting = static_cast<unsigned>(std::popcount(starts));
-    return fitting - p.minStarts <= p.maxStarts - p.minStarts;  // Both bounds without a branch to guess.
+    return Both(fitting >= p.minStarts, fitting <= p.maxStarts);
   }
 };
 
