@@ -386,6 +386,9 @@ TEST_F(ResultsWindowTest, AFullScreenListIsCutAndStillSavedWhole) {
   const std::string saved = ReadFile(dir.File("outlist.txt"));
   EXPECT_TRUE(saved.starts_with("10 words found")) << saved;
   EXPECT_NE(saved.find("tea\r\n--- END"), std::string::npos);
+  Click("rbSortLength");
+  EXPECT_EQ(Entries().size(), 10U) << "a sort fills the list anew";
+  Click("rbSortAlpha");
   Search("c?t");
   EXPECT_EQ(Status(), "2 words found");
 }
