@@ -16,6 +16,7 @@ namespace quorvane {
 namespace {
 
 constexpr int kMaxRuns = 26;
+constexpr size_t kBlockWords = LetterBitmaps::kBlockWords;
 constexpr size_t kBlock = 64;               // Bytes of text looked at together...
 constexpr size_t kChunk = size_t{1} << 14;  // ...and turned into words together.
 constexpr int kLinesAtOnce = 8;
@@ -96,7 +97,7 @@ class LexiconLoader {
     const size_t entries = mostWords_ + kMostLinesBehind + Lexicon::kArrayPadding;
     lexicon_->starts_ = BigBuffer<uint32_t>(entries);
     lexicon_->lengths_ = BigBuffer<uint8_t>(entries);
-    lexicon_->letters_ = BigBuffer<LetterSet>(entries);
+    lexicon_->letters_ = LetterBitmaps(entries);
     if (!Index()) {
       return Fail(error_);
     }
@@ -243,7 +244,8 @@ class LexiconLoader {
     const char* text = lexicon_->text_.data();
     const uint32_t* starts = lexicon_->starts_.data();
     const uint8_t* lengths = lexicon_->lengths_.data();
-    LetterSet* letters = lexicon_->letters_.data();
+    const size_t firstOfBlock = first / kBlockWords * kBlockWords;
+    LetterSet* letters = sets_.data();
     // The few long words get the rest of their letters afterwards: so no word waits to be asked how long it is.
     std::array<uint32_t, kChunk / kLettersAtOnce + 8> longWords;
     size_t longCount = 0;
@@ -257,14 +259,26 @@ class LexiconLoader {
         longWords[longCount] = static_cast<uint32_t>(number + i);
         longCount += (kLettersAtOnce - length) >> 31;  // 1 for a long word, without a branch.
       }
-      LetterSetsOfHeads(heads, headLengths, letters + number);
+      LetterSetsOfHeads(heads, headLengths, letters + (number - firstOfBlock));
     }
     for (const uint32_t number : std::span(longWords).first(longCount)) {
       for (unsigned done = kLettersAtOnce; done < lengths[number]; done += kLettersAtOnce) {
-        letters[number] |=
+        letters[number - firstOfBlock] |=
             LetterSetOfHead(text + starts[number] + done, std::min(lengths[number] - done, kLettersAtOnce));
       }
     }
+    const size_t unfinished = (last + 1) / kBlockWords * kBlockWords;
+    for (size_t block = firstOfBlock; block < unfinished; block += kBlockWords) {
+      lexicon_->letters_.Set(block / kBlockWords, letters + (block - firstOfBlock));
+    }
+    std::copy_n(letters + (unfinished - firstOfBlock), kBlockWords, letters);
+  }
+
+  // The bitmaps of the words in the last block.
+  void FinishLetters() {
+    const size_t words = static_cast<size_t>(lexicon_->count_) + 1;
+    std::fill(sets_.begin() + static_cast<std::ptrdiff_t>(words % kBlockWords), sets_.end(), 0);
+    lexicon_->letters_.Set(words / kBlockWords, sets_.data());
   }
 
   // An empty line is counted, begins a run of its own and has no initial; a line over 90 is not counted by length.
@@ -315,6 +329,7 @@ class LexiconLoader {
     LoadResult result = Result(LoadOutcome::NotSorted);
     if (runs_ <= kMaxRuns) {
       result.outcome = LoadOutcome::Ok;
+      FinishLetters();
       FoldText();
       result.lexicon = std::move(lexicon_);
     }
@@ -329,6 +344,7 @@ class LexiconLoader {
     } else if (full_) {
       result.outcome = LoadOutcome::Capacity;
       result.count = lexicon_->count_ = capacity_;
+      FinishLetters();
       FoldText();
       result.lexicon = std::move(lexicon_);
     }
@@ -359,6 +375,8 @@ class LexiconLoader {
     lexicon_->folds_ = true;
   }
 
+  // The letter sets of the words from the last unfinished block on; a chunk may be all lines of one character.
+  std::array<LetterSet, kChunk / 2 + 2 * kBlockWords> sets_{};
   const int32_t capacity_;
   const TextSource source_;
   const std::function<void(int)>& progress_;

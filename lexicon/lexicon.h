@@ -1,7 +1,7 @@
 // The lexicon: every word of one file in memory, with what a search looks at first.
 //
-// The file's bytes stand in one block. Per word, numbered from 1 in the file's order, three arrays say where it starts
-// in the block, how long it is and which letters it holds. Entry 0 of each array is an empty word that is never used.
+// The file's bytes stand in one block. Per word, numbered from 1 in the file's order, two arrays say where it starts in
+// the block and how long it is, and bitmaps say which letters it holds. Entry 0 is an empty word that is never used.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@
 
 #include "base/big_buffer.h"
 #include "base/run_time_error.h"
-#include "lexicon/letter_set.h"
+#include "lexicon/letter_bitmaps.h"
 
 namespace quorvane {
 
@@ -47,14 +47,14 @@ class Lexicon {
   // Whether each word, as compared, stands behind the one before it or equals it, by character codes. Found out when it
   // is asked for first, by a look at every word.
   bool sorted() const;
-  LetterSet Letters(WordNumber number) const { return letters_[number]; }
+  LetterSet Letters(WordNumber number) const { return letters_.Letters(number); }
 
   // The arrays themselves, for the passes that look at every word.
   const char* Text() const { return text_.data(); }
   const char* FoldedText() const { return folds_ ? folded_.data() : text_.data(); }
   const uint32_t* Starts() const { return starts_.data(); }
   const uint8_t* Lengths() const { return lengths_.data(); }
-  const LetterSet* LetterSets() const { return letters_.data(); }
+  const LetterBitmaps& Bitmaps() const { return letters_; }
 
   // The count divided by 20, rounded down: how many words a scan walks between two reports of its progress.
   int32_t ProgressStep() const { return count_ / 20; }
@@ -68,7 +68,7 @@ class Lexicon {
   bool folds_ = false;
   BigBuffer<uint32_t> starts_;
   BigBuffer<uint8_t> lengths_;
-  BigBuffer<LetterSet> letters_;
+  LetterBitmaps letters_;
   int32_t count_ = 0;
   mutable std::atomic<Order> order_ = Order::Unknown;
   LetterStart letterStart_{};

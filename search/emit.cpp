@@ -77,7 +77,7 @@ void FoundNumbers::MakeReady(size_t size) {
   }
 }
 
-void Emit(const Survivors& survivors, WordNumber first, FoundNumbers& found) {
+void Emit(const Survivors& survivors, FoundNumbers& found) {
   size_t more = 0;
   for (const size_t block : survivors.Blocks()) {
     more += static_cast<size_t>(std::popcount(survivors.Bits(block)));
@@ -86,8 +86,8 @@ void Emit(const Survivors& survivors, WordNumber first, FoundNumbers& found) {
   WordNumber* out = found.numbers_.data() + found.size_;
   for (const size_t block : survivors.Blocks()) {
     const uint64_t bits = survivors.Bits(block);
-    const WordNumber firstOfBlock = first + static_cast<WordNumber>(64 * block);
-    out = std::popcount(bits) < kDense ? EmitSparse(bits, firstOfBlock, out) : EmitDense(bits, firstOfBlock, out);
+    const WordNumber first = survivors.First(block);
+    out = std::popcount(bits) < kDense ? EmitSparse(bits, first, out) : EmitDense(bits, first, out);
   }
   found.size_ += more;
 }

@@ -35,13 +35,13 @@ class FoundNumbers {
   void MakeReady(size_t size);
 
  private:
-  friend void Emit(const Survivors&, WordNumber, FoundNumbers&);
+  friend void Emit(const Survivors&, FoundNumbers&);
 
   BigBuffer<WordNumber> numbers_;
   size_t size_ = 0;
 };
 
-// Appends the numbers of the survivors, the first of which has the number `first`.
-void Emit(const Survivors& survivors, WordNumber first, FoundNumbers& found);
+// Appends the numbers of the survivors.
+void Emit(const Survivors& survivors, FoundNumbers& found);
 
 }  // namespace quorvane

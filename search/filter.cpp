@@ -1,73 +1,40 @@
 #include "search/filter.h"
 
 #include <algorithm>
-#include <bit>
+#include <array>
+#include <string_view>
 
 #include "search/byte_masks.h"
 
 namespace quorvane {
 namespace {
 
-constexpr size_t kBlockWords = 64;
+constexpr size_t kBlockWords = LetterBitmaps::kBlockWords;
 
-// The questions that the filter consists of, each to 64 words: a bit for each that passes.
-
-#ifdef QUORVANE_VECTORS
-
+// A bit for each of 64 words whose length fits.
 uint64_t LengthsFit(const uint8_t* lengths, const WordFilter& filter) {
+  uint64_t mask = 0;
+#ifdef QUORVANE_VECTORS
   const __m128i shortest = _mm_set1_epi8(static_cast<char>(filter.shortest));
   const __m128i span = _mm_set1_epi8(static_cast<char>(filter.longest - filter.shortest));
-  uint64_t mask = 0;
   for (unsigned i = 0; i < kBlockWords; i += 16) {
     const __m128i fromShortest = _mm_sub_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(lengths + i)), shortest);
     mask |= MaskOf(_mm_cmpeq_epi8(_mm_min_epu8(fromShortest, span), fromShortest)) << i;
   }
-  return mask;
-}
-
-uint64_t LettersFit(const LetterSet* letters, const WordFilter& filter) {
-  const __m128i care = _mm_set1_epi32(static_cast<int>(filter.care));
-  const __m128i want = _mm_set1_epi32(static_cast<int>(filter.want));
-  const auto fits = [&](const LetterSet* four) {
-    const __m128i sets = _mm_loadu_si128(reinterpret_cast<const __m128i*>(four));
-    return _mm_cmpeq_epi32(_mm_and_si128(sets, care), want);
-  };
-  uint64_t mask = 0;
-  for (unsigned i = 0; i < kBlockWords; i += 16) {
-    const __m128i low = _mm_packs_epi32(fits(letters + i), fits(letters + i + 4));
-    const __m128i high = _mm_packs_epi32(fits(letters + i + 8), fits(letters + i + 12));
-    mask |= MaskOf(_mm_packs_epi16(low, high)) << i;
-  }
-  return mask;
-}
-
 #else
-
-uint64_t LengthsFit(const uint8_t* lengths, const WordFilter& filter) {
-  uint64_t mask = 0;
   for (unsigned i = 0; i < kBlockWords; ++i) {
     mask |= static_cast<uint64_t>(lengths[i] >= filter.shortest && lengths[i] <= filter.longest) << i;
   }
-  return mask;
-}
-
-uint64_t LettersFit(const LetterSet* letters, const WordFilter& filter) {
-  uint64_t mask = 0;
-  for (unsigned i = 0; i < kBlockWords; ++i) {
-    mask |= static_cast<uint64_t>((letters[i] & filter.care) == filter.want) << i;
-  }
-  return mask;
-}
-
 #endif
-
-uint64_t BlanksSuffice(const LetterSet* letters, const WordFilter& filter) {
-  uint64_t mask = 0;
-  for (unsigned i = 0; i < kBlockWords; ++i) {
-    mask |= static_cast<uint64_t>(static_cast<unsigned>(std::popcount(letters[i] & filter.forbidden)) <= filter.blanks)
-            << i;
-  }
   return mask;
+}
+
+// The bits of a block from `first` on, and up to `last`.
+constexpr uint64_t FromBit(size_t first) {
+  return ~uint64_t{0} << first;
+}
+constexpr uint64_t ToBit(size_t last) {
+  return ~uint64_t{0} >> (63 - last);
 }
 
 }  // namespace
@@ -95,62 +62,140 @@ void WordFilter::Narrow(const WordFilter& other) {
 namespace {
 
 // The questions of one filter to the blocks of a chunk.
-struct Questions {
-  const WordFilter& filter;
-  const uint8_t* lengths;
-  const LetterSet* letters;
-
-  Questions(const Lexicon& lexicon, const WordFilter& asked, WordNumber first)
-      : filter(asked), lengths(lexicon.Lengths() + first), letters(lexicon.LetterSets() + first) {}
-
-  bool Impossible() const { return filter.shortest > filter.longest; }
-  bool AskLength() const { return filter.shortest > 1 || filter.longest < kMaxWordLength; }
-  uint64_t Length(size_t block) const { return LengthsFit(lengths + kBlockWords * block, filter); }
-  uint64_t Letters(size_t block) const { return LettersFit(letters + kBlockWords * block, filter); }
-
-  void NarrowByLetters(Survivors& survivors) const {
-    if (filter.care != 0) {
-      survivors.Narrow([this](size_t block, uint64_t bits) { return bits & Letters(block); });
+class Questions {
+ public:
+  Questions(const Lexicon& lexicon, const WordFilter& filter, WordNumber chunk)
+      : filter_(filter), lengths_(lexicon.Lengths() + chunk) {
+    // Those come first that drop the most words: the letters that are seldom wanted, or often there but forbidden.
+    constexpr std::string_view kSeldomFirst = "jqxzwkvfybhpmgudcltnosraie";
+    for (const char c : kSeldomFirst) {
+      AddRow(lexicon, chunk, filter.want, c, 0);
+    }
+    std::for_each(kSeldomFirst.rbegin(), kSeldomFirst.rend(),
+                  [&](char c) { AddRow(lexicon, chunk, filter.care & ~filter.want, c, ~uint64_t{0}); });
+    for (const char c : kSeldomFirst) {
+      if ((filter.forbidden & LetterBit(c)) != 0) {
+        forbidden_[forbiddenCount_++] = RowOf(lexicon, chunk, c);
+      }
     }
   }
+
+  bool Impossible() const { return filter_.shortest > filter_.longest; }
+  bool AskLength() const { return filter_.shortest > 1 || filter_.longest < kMaxWordLength; }
+  uint64_t Length(size_t block) const { return LengthsFit(lengths_ + kBlockWords * block, filter_); }
+
+  // Fills the blocks `from` to `last`, of which the first and the last have the given bits at most.
+  void Fill(size_t from, size_t last, uint64_t firstBits, uint64_t lastBits, Survivors& survivors) const {
+    const auto fill = [&](auto bitsOf) {
+      const uint64_t ends = from == last ? firstBits & lastBits : firstBits;
+      survivors.Fill(from, from + 1, [&](size_t block) { return bitsOf(block) & ends; });
+      if (from < last) {
+        survivors.Fill(from + 1, last, bitsOf);
+        survivors.Fill(last, last + 1, [&](size_t block) { return bitsOf(block) & lastBits; });
+      }
+    };
+    if (AskLength() && (rowCount_ == 0 || filter_.longest - filter_.shortest < kFewLengths)) {
+      fill([this](size_t block) { return Length(block); });
+      NarrowByRows(0, survivors);
+    } else {
+      // With two rows at once about every list of blocks that can become short is short.
+      const size_t asked = std::min<size_t>(rowCount_, 2);
+      switch (asked) {
+        case 0:
+          fill([](size_t) { return ~uint64_t{0}; });
+          break;
+        case 1:
+          fill([this](size_t block) { return rows_[0].Bits(block); });
+          break;
+        default:
+          fill([this](size_t block) { return rows_[0].Bits(block) & rows_[1].Bits(block); });
+          break;
+      }
+      NarrowByRows(asked, survivors);
+      NarrowByLength(survivors);
+    }
+    NarrowByBlanks(survivors);
+  }
+
+  void Narrow(Survivors& survivors) const {
+    if (Impossible()) {
+      survivors.Narrow([](size_t, uint64_t) { return uint64_t{0}; });
+      return;
+    }
+    NarrowByLength(survivors);
+    NarrowByRows(0, survivors);
+    NarrowByBlanks(survivors);
+  }
+
+ private:
+  // Of fewer lengths the length drops more than a letter does.
+  static constexpr unsigned kFewLengths = 3;
+
+  // The bitmap of a letter that is wanted, or, turned round, forbidden.
+  struct Row {
+    const uint64_t* bits;
+    uint64_t turned;
+    uint64_t Bits(size_t block) const { return bits[block] ^ turned; }
+  };
+
+  static const uint64_t* RowOf(const Lexicon& lexicon, WordNumber chunk, char letter) {
+    return lexicon.Bitmaps().Row(chunk, static_cast<unsigned>(letter - 'a' + 1));
+  }
+  void AddRow(const Lexicon& lexicon, WordNumber chunk, LetterSet letters, char letter, uint64_t turned) {
+    if ((letters & LetterBit(letter)) != 0) {
+      rows_[rowCount_++] = {RowOf(lexicon, chunk, letter), turned};
+    }
+  }
+
+  void NarrowByLength(Survivors& survivors) const {
+    if (AskLength()) {
+      survivors.Narrow([this](size_t block, uint64_t bits) { return bits & Length(block); });
+    }
+  }
+  void NarrowByRows(size_t from, Survivors& survivors) const {
+    for (size_t i = from; i < rowCount_; ++i) {
+      survivors.Narrow([&row = rows_[i]](size_t block, uint64_t bits) { return bits & row.Bits(block); });
+    }
+  }
+  // Counts in each word the forbidden letters, up to one more than there are blanks.
   void NarrowByBlanks(Survivors& survivors) const {
-    if (filter.blanks != 0) {
-      survivors.Narrow(
-          [this](size_t block, uint64_t bits) { return bits & BlanksSuffice(letters + kBlockWords * block, filter); });
+    if (filter_.blanks == 0 || filter_.blanks >= forbiddenCount_) {
+      return;
     }
+    survivors.Narrow([this](size_t block, uint64_t bits) {
+      std::array<uint64_t, LetterBitmaps::kRows + 1> atLeast{~uint64_t{0}};
+      for (size_t i = 0; i < forbiddenCount_; ++i) {
+        for (size_t n = filter_.blanks + 1; n > 0; --n) {
+          atLeast[n] |= atLeast[n - 1] & forbidden_[i][block];
+        }
+      }
+      return bits & ~atLeast[filter_.blanks + 1];
+    });
   }
+
+  const WordFilter& filter_;
+  const uint8_t* lengths_;
+  std::array<Row, LetterBitmaps::kRows> rows_;
+  size_t rowCount_ = 0;
+  std::array<const uint64_t*, LetterBitmaps::kRows> forbidden_;
+  size_t forbiddenCount_ = 0;
 };
 
 }  // namespace
 
-void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count,
+void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, WordNumber last,
                  Survivors& survivors) {
-  survivors.Clear();
-  const Questions ask(lexicon, filter, first);
-  if (ask.Impossible()) {
-    return;
+  survivors.Begin(first);
+  const Questions ask(lexicon, filter, survivors.First());
+  if (!ask.Impossible()) {
+    const size_t from = first - survivors.First();
+    const size_t to = last - survivors.First();
+    ask.Fill(from / kBlockWords, to / kBlockWords, FromBit(from % kBlockWords), ToBit(to % kBlockWords), survivors);
   }
-  const size_t whole = count / kBlockWords;
-  const uint64_t rest = (uint64_t{1} << count % kBlockWords) - 1;
-  const size_t blocks = whole + (rest != 0 ? 1 : 0);
-  const auto inChunk = [&](size_t block) { return block < whole ? ~uint64_t{0} : rest; };
-  if (filter.care != 0 && !ask.AskLength()) {
-    survivors.Fill(blocks, [&](size_t block) { return ask.Letters(block) & inChunk(block); });
-  } else {
-    survivors.Fill(blocks, [&](size_t block) { return ask.Length(block) & inChunk(block); });
-    ask.NarrowByLetters(survivors);
-  }
-  ask.NarrowByBlanks(survivors);
 }
 
-void NarrowWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, Survivors& survivors) {
-  const Questions ask(lexicon, filter, first);
-  if (ask.Impossible() || ask.AskLength()) {
-    const uint64_t possible = ask.Impossible() ? 0 : ~uint64_t{0};
-    survivors.Narrow([&](size_t block, uint64_t bits) { return bits & ask.Length(block) & possible; });
-  }
-  ask.NarrowByLetters(survivors);
-  ask.NarrowByBlanks(survivors);
+void NarrowWords(const Lexicon& lexicon, const WordFilter& filter, Survivors& survivors) {
+  Questions(lexicon, filter, survivors.First()).Narrow(survivors);
 }
 
 }  // namespace quorvane

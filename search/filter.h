@@ -1,5 +1,5 @@
 // The first of a scan's three steps: filter. For 64 words at a time it makes one machine word with a bit for each word
-// that may still match, from lengths and letter sets alone.
+// that may still match, from lengths and the letters' bitmaps alone.
 #pragma once
 
 #include <array>
@@ -36,14 +36,23 @@ struct WordFilter {
 // one. Where few words are left a step looks at those blocks alone, without asking every block whether it has any.
 class Survivors {
  public:
-  static constexpr size_t kBlocks = 1024;  // The bits of so many blocks stay in the nearest cache.
-  static constexpr size_t kWords = kBlocks * 64;
+  // A chunk lies within one group of the bitmaps; the bits of so many blocks stay in the nearest cache.
+  static constexpr size_t kBlocks = LetterBitmaps::kGroupBlocks;
+  static constexpr size_t kWords = LetterBitmaps::kGroupWords;
 
-  // Begins with all bits of the first `blocks` blocks given by `bitsOf(block)`.
-  template <class BitsOf>
-  void Fill(size_t blocks, BitsOf bitsOf) {
+  // Begins anew, without a word, for the group of bitmaps in which `word` stands.
+  void Begin(WordNumber word) {
+    first_ = word / kWords * kWords;
     count_ = 0;
-    for (size_t block = 0; block < blocks; ++block) {
+  }
+  // The word of bit 0 of block 0.
+  WordNumber First() const { return static_cast<WordNumber>(first_); }
+  WordNumber First(size_t block) const { return static_cast<WordNumber>(first_ + 64 * block); }
+
+  // Lists the blocks from `block` to `end - 1` with the bits `bitsOf(block)`; they are not listed yet.
+  template <class BitsOf>
+  void Fill(size_t block, size_t end, BitsOf bitsOf) {
+    for (; block < end; ++block) {
       Keep(block, bitsOf(block));
     }
   }
@@ -57,8 +66,8 @@ class Survivors {
       Keep(block, bitsOf(block, bits_[block]));
     }
   }
-  void Clear() { count_ = 0; }
   void Copy(const Survivors& other) {
+    first_ = other.first_;
     count_ = 0;
     for (const uint16_t block : other.Blocks()) {
       Keep(block, other.bits_[block]);
@@ -80,13 +89,19 @@ class Survivors {
 
   std::array<uint64_t, kBlocks> bits_;
   std::array<uint16_t, kBlocks> blocks_;
+  size_t first_ = 0;
   size_t count_ = 0;
 };
 
-// Fills `survivors` for the words `first` to `first + count - 1`; `count` is at most Survivors::kWords.
-void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, size_t count,
+// The last word that a chunk which begins with `first` can hold.
+inline WordNumber LastOfChunk(WordNumber first) {
+  return static_cast<WordNumber>(first / Survivors::kWords * Survivors::kWords + Survivors::kWords - 1);
+}
+
+// Fills `survivors` with those of the words `first` to `last`, all of one chunk, that pass.
+void FilterWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, WordNumber last,
                  Survivors& survivors);
-// Keeps of the survivors, whose first word is `first`, only those that pass.
-void NarrowWords(const Lexicon& lexicon, const WordFilter& filter, WordNumber first, Survivors& survivors);
+// Keeps of the survivors only those that pass.
+void NarrowWords(const Lexicon& lexicon, const WordFilter& filter, Survivors& survivors);
 
 }  // namespace quorvane

@@ -78,8 +78,9 @@ class Scan {
     }
     for (int next = std::max(from, 1); next <= to;) {
       const int lastOfStep = step_ > 0 ? (next + step_ - 1) / step_ * step_ : to;
-      const int last = std::min({to, lastOfStep, next + static_cast<int>(Survivors::kWords) - 1});
-      Chunk(sieve, static_cast<WordNumber>(next), static_cast<size_t>(last) - static_cast<size_t>(next) + 1);
+      const auto first = static_cast<WordNumber>(next);
+      const int last = std::min({to, lastOfStep, static_cast<int>(LastOfChunk(first))});
+      Chunk(sieve, first, static_cast<WordNumber>(last));
       Report(last);
       next = last + 1;
     }
@@ -93,27 +94,27 @@ class Scan {
     }
   }
 
-  void Chunk(Sieve& sieve, WordNumber first, size_t count) {
-    sieve.Keep(lexicon_, first, count, survivors_);
+  void Chunk(Sieve& sieve, WordNumber first, WordNumber last) {
+    sieve.Keep(lexicon_, first, last, survivors_);
     // A list that refuses no entry takes the words as they come; palindromes are sorted out before.
     if (screenCapacity_ == std::numeric_limits<size_t>::max()) {
       if (request_.palindromes) {
-        KeepPalindromes(lexicon_, first, survivors_);
+        KeepPalindromes(lexicon_, survivors_);
       }
       const size_t before = found_.size();
-      Emit(survivors_, first, found_);
+      Emit(survivors_, found_);
       DropRepeats(before);
       return;
     }
     FoundNumbers accepted;
-    Emit(survivors_, first, accepted);
+    Emit(survivors_, accepted);
     for (const WordNumber number : accepted.Span()) {
       AddOne(number);
     }
   }
 
   bool SameWord(WordNumber a, WordNumber b) const {
-    return lexicon_.Letters(a) == lexicon_.Letters(b) && lexicon_.Word(a) == lexicon_.Word(b);
+    return lexicon_.Word(a) == lexicon_.Word(b);
   }
 
   // Of the numbers from `from` on, drops each word that equals the word listed just before it.

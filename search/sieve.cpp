@@ -46,30 +46,32 @@ void Sieve::Add(const PreparedPattern& prepared, const CharacterLists& lists, un
   tests_.push_back(std::move(test));
 }
 
-void Sieve::Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors, const uint64_t* among) {
-  FilterWords(lexicon, filter_, first, count, survivors);
+void Sieve::Keep(const Lexicon& lexicon, WordNumber first, WordNumber last, Survivors& survivors,
+                 const uint64_t* among) {
+  FilterWords(lexicon, filter_, first, last, survivors);
   if (among != nullptr) {
-    survivors.Narrow([among](size_t block, uint64_t bits) { return bits & among[block]; });
+    const uint64_t* amongChunk = among + survivors.First() / LetterBitmaps::kBlockWords;
+    survivors.Narrow([amongChunk](size_t block, uint64_t bits) { return bits & amongChunk[block]; });
   }
   for (const auto& test : tests_) {
     if (survivors.Blocks().empty()) {
       return;
     }
     if (!test->mustFit) {
-      Drop(lexicon, first, test->verifier, survivors);
+      Drop(lexicon, test->verifier, survivors);
       continue;
     }
     if (!test->filtered) {
-      NarrowWords(lexicon, test->verifier.Filter(), first, survivors);
+      NarrowWords(lexicon, test->verifier.Filter(), survivors);
     }
-    test->verifier.Verify(lexicon, first, survivors);
+    test->verifier.Verify(lexicon, survivors);
   }
 }
 
-void Sieve::Drop(const Lexicon& lexicon, WordNumber first, Verifier& verifier, Survivors& survivors) {
+void Sieve::Drop(const Lexicon& lexicon, Verifier& verifier, Survivors& survivors) {
   fitting_.Copy(survivors);
-  NarrowWords(lexicon, verifier.Filter(), first, fitting_);
-  verifier.Verify(lexicon, first, fitting_);
+  NarrowWords(lexicon, verifier.Filter(), fitting_);
+  verifier.Verify(lexicon, fitting_);
   survivors.Narrow([this](size_t block, uint64_t bits) { return bits & ~fitting_.Bits(block); });
 }
 

@@ -16,9 +16,9 @@ class Sieve {
   // Of anything but random words. The request outlives it.
   explicit Sieve(const ScanRequest& request);
 
-  // Fills `survivors` with those of the words `first` to `first + count - 1` that fit the pattern and meet all
-  // conditions; where `among` is given, of those whose bits are set there. `count` is at most Survivors::kWords.
-  void Keep(const Lexicon& lexicon, WordNumber first, size_t count, Survivors& survivors,
+  // Fills `survivors` with those of the words `first` to `last`, all of one chunk, that fit the pattern and meet all
+  // conditions; where `among` is given, of those whose bits, by number, are set there.
+  void Keep(const Lexicon& lexicon, WordNumber first, WordNumber last, Survivors& survivors,
             const uint64_t* among = nullptr);
 
  private:
@@ -30,7 +30,7 @@ class Sieve {
 
   void Add(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest,
            bool mustFit);
-  void Drop(const Lexicon& lexicon, WordNumber first, Verifier& verifier, Survivors& survivors);
+  void Drop(const Lexicon& lexicon, Verifier& verifier, Survivors& survivors);
 
   WordFilter filter_;
   std::vector<std::unique_ptr<Test>> tests_;

@@ -35,7 +35,7 @@ uint64_t Narrow(uint64_t starts, const Places& places, uint64_t mask) {
 struct EndsTest {
   const Positions& p;
   template <int Vectors>
-  bool Accepts(const char* word, unsigned length, LetterSet) const {
+  bool Accepts(const char* word, unsigned length) const {
     return Both(p.prefix.FitAt(word), p.suffix.FitAt(word + length - p.after));
   }
 };
@@ -43,7 +43,7 @@ struct EndsTest {
 struct RunTest {
   const Positions& p;
   template <int Vectors>
-  bool Accepts(const char* word, unsigned length, LetterSet) const {
+  bool Accepts(const char* word, unsigned length) const {
     const uint64_t starts = RunMask<Vectors>(word, p.run) & LowBits(length - p.middle + 1);
     const auto fitting = static_cast<unsigned>(std::popcount(starts));
     return Both(fitting >= p.minStarts, fitting <= p.maxStarts);
@@ -54,7 +54,7 @@ struct PositionsTest {
   const Positions& p;
 
   template <int Vectors>
-  bool Accepts(const char* word, unsigned length, LetterSet) const {
+  bool Accepts(const char* word, unsigned length) const {
     const unsigned suffixStart = length - p.after;
     if (p.HasEnds() && !(p.prefix.FitAt(word) && p.suffix.FitAt(word + suffixStart))) {
       return false;
@@ -95,7 +95,7 @@ struct PositionsTest {
 struct OrderTest {
   const std::string& letters;
   template <int Vectors>
-  bool Accepts(const char* word, unsigned length, LetterSet) const {
+  bool Accepts(const char* word, unsigned length) const {
     uint64_t rest = LowBits(length);
     uint64_t found = 0;
     for (const char c : letters) {
@@ -109,12 +109,8 @@ struct OrderTest {
 
 struct CountsTest {
   const std::vector<LetterCount>& counts;
-  bool anagram;  // Then a letter set without repeats has said everything.
   template <int Vectors>
-  bool Accepts(const char* word, unsigned length, LetterSet letters) const {
-    if (anagram && static_cast<unsigned>(std::popcount(letters)) == length) {
-      return true;
-    }
+  bool Accepts(const char* word, unsigned length) const {
     const uint64_t inside = LowBits(length);
     return std::all_of(counts.begin(), counts.end(), [&](const LetterCount& count) {
       const auto found = static_cast<unsigned>(std::popcount(EqualMask<Vectors>(word, count.letter) & inside));
@@ -127,7 +123,7 @@ struct TilesTest {
   const std::vector<LetterCount>& tiles;
   unsigned blanks;
   template <int Vectors>
-  bool Accepts(const char* word, unsigned length, LetterSet) const {
+  bool Accepts(const char* word, unsigned length) const {
     const uint64_t inside = LowBits(length);
     unsigned laid = blanks;
     for (const LetterCount& tile : tiles) {
@@ -151,19 +147,24 @@ void FetchAhead(const char* text) {
 }
 
 // `textOf(number)` is where the word stands.
+template <class Accepts>
+uint64_t Accepted(WordNumber first, uint64_t bits, Accepts accepts) {
+  uint64_t kept = 0;
+  for (; bits != 0; bits &= bits - 1) {
+    const auto i = static_cast<unsigned>(std::countr_zero(bits));
+    kept |= static_cast<uint64_t>(accepts(first + i)) << i;
+  }
+  return kept;
+}
+
 template <class TextOf, class Accepts>
-void KeepAccepted(WordNumber first, Survivors& survivors, TextOf textOf, Accepts accepts) {
+void KeepAccepted(Survivors& survivors, TextOf textOf, Accepts accepts) {
   survivors.Narrow([&](size_t block, uint64_t bits) {
-    const WordNumber firstOfBlock = first + static_cast<WordNumber>(64 * block);
+    const WordNumber first = survivors.First(block);
     if (std::popcount(bits) >= kWorthFetching) {
-      FetchAhead(textOf(firstOfBlock));
+      FetchAhead(textOf(first));
     }
-    uint64_t kept = 0;
-    for (; bits != 0; bits &= bits - 1) {
-      const auto i = static_cast<unsigned>(std::countr_zero(bits));
-      kept |= static_cast<uint64_t>(accepts(firstOfBlock + i)) << i;
-    }
-    return kept;
+    return Accepted(first, bits, accepts);
   });
 }
 
@@ -171,34 +172,42 @@ void KeepAccepted(WordNumber first, Survivors& survivors, TextOf textOf, Accepts
 
 Verifier::Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest)
     : plan_(MakeVerifyPlan(prepared, lists, shortest, longest)),
-      wordTest_(prepared, lists),
-      isAnagram_(prepared.kind == PatternKind::Anagram || prepared.kind == PatternKind::AnagramExact) {}
+      wordTest_(prepared, lists) {}
 
 // Words that hold other characters than letters, and very long ones, are tried by the one definition of matching.
 template <class Test>
-void Verifier::Keep(const Lexicon& lexicon, WordNumber first, Survivors& survivors, Test test) {
+void Verifier::Keep(const Lexicon& lexicon, Survivors& survivors, Test test) {
   const uint32_t* starts = lexicon.Starts();
   const uint8_t* lengths = lexicon.Lengths();
-  const LetterSet* sets = lexicon.LetterSets();
+  const uint64_t* others = lexicon.Bitmaps().Row(survivors.First(), 0);
   const char* text = lexicon.FoldedText();
-  const auto textOf = [=](WordNumber number) { return text + starts[number]; };
-  KeepAccepted(first, survivors, textOf, [&](WordNumber number) {
+  const auto ofLetters = [&](WordNumber number) {
     const unsigned length = lengths[number];
-    const LetterSet letters = sets[number];
-    const char* word = textOf(number);
-    if ((letters & kOtherCharacters) != 0 || length > kMaxMaskLength) [[unlikely]] {
+    const char* word = text + starts[number];
+    if (length <= 16) [[likely]] {
+      return test.template Accepts<1>(word, length);
+    }
+    if (length > kMaxMaskLength) [[unlikely]] {
       return wordTest_.Accepts({word, length});
     }
-    if (length <= 16) [[likely]] {
-      return test.template Accepts<1>(word, length, letters);
+    return length <= 32 ? test.template Accepts<2>(word, length) : test.template Accepts<4>(word, length);
+  };
+  const auto ofAnything = [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); };
+  survivors.Narrow([&](size_t block, uint64_t bits) {
+    const WordNumber first = survivors.First(block);
+    if (std::popcount(bits) >= kWorthFetching) {
+      FetchAhead(text + starts[first]);
     }
-    return length <= 32 ? test.template Accepts<2>(word, length, letters)
-                        : test.template Accepts<4>(word, length, letters);
+    uint64_t kept = Accepted(first, bits & ~others[block], ofLetters);
+    if ((bits & others[block]) != 0) [[unlikely]] {
+      kept |= Accepted(first, bits & others[block], ofAnything);
+    }
+    return kept;
   });
 }
 
-void Verifier::Verify(const Lexicon& lexicon, WordNumber first, Survivors& survivors) {
-  const auto keep = [&](auto test) { Keep(lexicon, first, survivors, test); };
+void Verifier::Verify(const Lexicon& lexicon, Survivors& survivors) {
+  const auto keep = [&](auto test) { Keep(lexicon, survivors, test); };
   switch (plan_.mode) {
     case VerifyMode::FilterDecides:
       break;
@@ -215,14 +224,14 @@ void Verifier::Verify(const Lexicon& lexicon, WordNumber first, Survivors& survi
       keep(OrderTest{plan_.orderedLetters});
       break;
     case VerifyMode::LetterCounts:
-      keep(CountsTest{plan_.letterCounts, isAnagram_});
+      keep(CountsTest{plan_.letterCounts});
       break;
     case VerifyMode::Tiles:
       keep(TilesTest{plan_.letterCounts, plan_.filter.blanks});
       break;
     case VerifyMode::WordByWord:
       KeepAccepted(
-          first, survivors, [&](WordNumber number) { return lexicon.FoldedWord(number).data(); },
+          survivors, [&](WordNumber number) { return lexicon.FoldedWord(number).data(); },
           [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });
       break;
   }
@@ -232,9 +241,9 @@ bool IsPalindrome(std::string_view word) {
   return std::equal(word.begin(), word.begin() + static_cast<std::ptrdiff_t>(word.size() / 2), word.rbegin());
 }
 
-void KeepPalindromes(const Lexicon& lexicon, WordNumber first, Survivors& survivors) {
+void KeepPalindromes(const Lexicon& lexicon, Survivors& survivors) {
   KeepAccepted(
-      first, survivors, [&](WordNumber number) { return lexicon.Word(number).data(); },
+      survivors, [&](WordNumber number) { return lexicon.Word(number).data(); },
       [&](WordNumber number) { return IsPalindrome(lexicon.Word(number)); });
 }
 

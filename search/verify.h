@@ -21,20 +21,19 @@ class Verifier {
   const WordFilter& Filter() const { return plan_.filter; }
   VerifyMode Mode() const { return plan_.mode; }
 
-  // Keeps of the survivors, whose first word is `first`, only those that match.
-  void Verify(const Lexicon& lexicon, WordNumber first, Survivors& survivors);
+  // Keeps of the survivors only those that match.
+  void Verify(const Lexicon& lexicon, Survivors& survivors);
 
  private:
   template <class Test>
-  void Keep(const Lexicon& lexicon, WordNumber first, Survivors& survivors, Test test);
+  void Keep(const Lexicon& lexicon, Survivors& survivors, Test test);
 
   const VerifyPlan plan_;
   WordTest wordTest_;
-  const bool isAnagram_;
 };
 
 // Whether a word reads the same both ways, character by character as stored.
 bool IsPalindrome(std::string_view word);
-void KeepPalindromes(const Lexicon& lexicon, WordNumber first, Survivors& survivors);
+void KeepPalindromes(const Lexicon& lexicon, Survivors& survivors);
 
 }  // namespace quorvane

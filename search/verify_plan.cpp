@@ -312,7 +312,9 @@ void PlanMaker::MakeAnagram() {
       plan_.letterCounts.push_back({c, exact ? available : 0, available});
     }
   }
-  plan_.mode = VerifyMode::LetterCounts;
+  // Each letter once, and as many characters: the letters are all there is to ask.
+  const bool once = exact && static_cast<unsigned>(std::popcount(set)) == size;
+  plan_.mode = once ? VerifyMode::FilterDecides : VerifyMode::LetterCounts;
 }
 
 void PlanMaker::MakeTiles() {

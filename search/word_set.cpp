@@ -24,14 +24,13 @@ WordSet WordSet::Meeting(const Lexicon& lexicon, const PreparedCondition& condit
   WordSet meeting(bits_.size());
   fitting.Clear();
   // With the empty word 0, which no length lets pass, numbers and bits begin together.
-  const size_t words = static_cast<size_t>(lexicon.count()) + 1;
-  for (size_t first = 0; first < words; first += Survivors::kWords) {
-    const auto number = static_cast<WordNumber>(first);
-    sieve.Keep(lexicon, number, std::min(Survivors::kWords, words - first), *survivors, &bits_[first / 64]);
+  const auto last = static_cast<WordNumber>(lexicon.count());
+  for (WordNumber first = 0; first <= last; first += static_cast<WordNumber>(Survivors::kWords)) {
+    sieve.Keep(lexicon, first, std::min(LastOfChunk(first), last), *survivors, bits_.data());
     for (const uint16_t block : survivors->Blocks()) {
       meeting.bits_[first / 64 + block] = survivors->Bits(block);
     }
-    Emit(*survivors, number, fitting);
+    Emit(*survivors, fitting);
   }
   return meeting;
 }
