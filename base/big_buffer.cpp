@@ -1,6 +1,6 @@
 #include "base/big_buffer.h"
 
-#include <cstdlib>
+#include <cstring>
 #include <new>
 
 // The address sanitizer watches the heap, not mappings: for it every block is a heap block of exactly its size.
@@ -98,12 +98,14 @@ void FreeBig(void* memory) noexcept {
 
 #else
 
+namespace {
+
+constexpr std::align_val_t kBoundary{64};
+
+}  // namespace
+
 void* AllocateBig(size_t bytes) {
-  void* memory = std::calloc(bytes, 1);
-  if (memory == nullptr) {
-    throw std::bad_alloc();
-  }
-  return memory;
+  return std::memset(::operator new(bytes, kBoundary), 0, bytes);
 }
 
 #if defined(__linux__)
@@ -126,7 +128,7 @@ void* MapFile(int, size_t, size_t) {
 #endif
 
 void FreeBig(void* memory) noexcept {
-  std::free(memory);
+  ::operator delete(memory, kBoundary);
 }
 
 #endif

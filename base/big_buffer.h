@@ -6,8 +6,8 @@
 
 namespace quorvane {
 
-// `bytes` of zeroed memory, of which only touched pages are resident; large blocks ask the system for huge pages,
-// which halves the time to read them. Throws std::bad_alloc.
+// `bytes` of zeroed memory on a boundary of 64 bytes, of which only touched pages are resident; large blocks ask the
+// system for huge pages, which halves the time to read them. Throws std::bad_alloc.
 void* AllocateBig(size_t bytes);
 void FreeBig(void* memory) noexcept;
 
@@ -15,6 +15,13 @@ void FreeBig(void* memory) noexcept;
 // memory is the system's own copy of the file. A file that somebody shortens meanwhile ends the process with SIGBUS
 // when the missing part is touched. Null where the system can't do it.
 void* MapFile(int fileDescriptor, size_t size, size_t padding);
+
+// Has the processor fetch the memory at an address that will be read soon; nothing depends on whether it does.
+inline void FetchEarly([[maybe_unused]] const void* memory) {
+#if defined(__GNUC__)
+  __builtin_prefetch(memory);
+#endif
+}
 
 struct FreeBigMemory {
   void operator()(void* memory) const noexcept { FreeBig(memory); }

@@ -17,18 +17,22 @@ class LetterBitmaps {
   // n % 64 of block n / 64.
   static constexpr size_t kGroupBlocks = 512;
   static constexpr size_t kGroupWords = kGroupBlocks * kBlockWords;
+  // From a row of a group to the next, in blocks. At a power of two the rows would drive each other out of the caches.
+  static constexpr size_t kStride = kGroupBlocks + 8;
 
   LetterBitmaps() = default;
   // Room for the words with the numbers 0 to `words - 1`, which hold nothing yet.
   explicit LetterBitmaps(size_t words);
 
-  // Sets what the kBlockWords words of a block hold.
-  void Set(size_t block, const LetterSet* sets);
   // The kGroupBlocks blocks of a row of the group that begins with word `first`.
   const uint64_t* Row(size_t first, unsigned row) const {
-    return bits_.data() + (first / kGroupWords * kRows + row) * kGroupBlocks;
+    return bits_.data() + (first / kGroupWords * kRows + row) * kStride;
   }
   LetterSet Letters(size_t word) const;
+  // Where the first row's bits of the block of a word stand; those of the next row are kStride further on.
+  uint64_t* Block(size_t word) {
+    return bits_.data() + word / kGroupWords * kRows * kStride + word % kGroupWords / kBlockWords;
+  }
 
  private:
   BigBuffer<uint64_t> bits_;

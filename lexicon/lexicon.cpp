@@ -11,54 +11,18 @@
 
 #include "base/file.h"
 #include "base/text.h"
+#include "lexicon/letter_collector.h"
 
 namespace quorvane {
 namespace {
 
 constexpr int kMaxRuns = 26;
-constexpr size_t kBlockWords = LetterBitmaps::kBlockWords;
-constexpr size_t kBlock = 64;               // Bytes of text looked at together...
-constexpr size_t kChunk = size_t{1} << 14;  // ...and turned into words together.
-constexpr int kLinesAtOnce = 8;
-constexpr uint64_t kTopBit = uint64_t{1} << 63;  // Makes counting the zeros below the first one defined for 0.
-// Lines that may be found past the most that can become words, before that is noticed.
-constexpr size_t kMostLinesBehind = kBlock + kLinesAtOnce + 2;
+constexpr size_t kChunk = size_t{1} << 14;  // Bytes of text that are turned into words together.
+// Lines of one character, and the end of one from before.
+constexpr size_t kMostWordsOfChunk = kChunk / 2 + 1;
+// Lines that may be found past the most that can become words, before that is noticed, and entries written behind them.
+constexpr size_t kMostLinesBehind = kChunk + 32;
 constexpr size_t kReportEvery = size_t{1} << 20;  // Bytes of text between two reports of progress.
-
-// What 64 bytes of text hold: a bit for each line feed, and whether any byte may change when folded.
-struct BlockFacts {
-  uint64_t lineFeeds;
-  bool mayFold;
-};
-
-#ifdef QUORVANE_VECTORS
-
-BlockFacts LookAt(const char* text) {
-  uint64_t lineFeeds = 0;
-  __m128i fold = _mm_setzero_si128();
-  for (unsigned i = 0; i < kBlock; i += 16) {
-    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i));
-    const auto found = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('\n'))));
-    lineFeeds |= static_cast<uint64_t>(found) << i;
-    const __m128i fromA = _mm_sub_epi8(bytes, _mm_set1_epi8('A'));
-    const __m128i isUpper = _mm_cmpeq_epi8(_mm_min_epu8(fromA, _mm_set1_epi8(25)), fromA);
-    fold = _mm_or_si128(fold, _mm_or_si128(isUpper, bytes));
-  }
-  return {lineFeeds, _mm_movemask_epi8(fold) != 0};
-}
-
-#else
-
-BlockFacts LookAt(const char* text) {
-  BlockFacts facts{0, false};
-  for (unsigned i = 0; i < kBlock; ++i) {
-    facts.lineFeeds |= static_cast<uint64_t>(text[i] == '\n') << i;
-    facts.mayFold = facts.mayFold || Fold(text[i]) != text[i];
-  }
-  return facts;
-}
-
-#endif
 
 }  // namespace
 
@@ -75,8 +39,13 @@ bool Lexicon::sorted() const {
 
 class LexiconLoader {
  public:
-  LexiconLoader(int32_t capacity, TextSource source, const std::function<void(int)>& progress)
-      : capacity_(capacity), source_(source), progress_(progress), lexicon_(std::make_shared<Lexicon>()) {}
+  LexiconLoader(int32_t capacity, TextSource source, const std::function<void(int)>& progress, VectorWidth vectors)
+      : kernel_(LoadKernelFor(vectors)),
+        letters_(kMostWordsOfChunk, kernel_),
+        capacity_(capacity),
+        source_(source),
+        progress_(progress),
+        lexicon_(std::make_shared<Lexicon>()) {}
 
   LoadResult Load(const std::string& path) { return Read(path) ? LoadText() : Fail(error_); }
 
@@ -159,7 +128,7 @@ class LexiconLoader {
   }
 
   // The text is taken in chunks that stay in the nearest caches: first the chunk's lines are found, then the words they
-  // make are measured and checked, at last their letter sets are made.
+  // make are measured and checked, at last their letters are collected.
   bool Index() {
     size_t lines = 0;  // Lines that end before `chunk`; each is followed by its successor's start.
     for (size_t chunk = 0; chunk < size_; chunk += kChunk) {
@@ -168,55 +137,55 @@ class LexiconLoader {
       }
       const size_t end = std::min(chunk + kChunk, size_);
       const size_t before = lines;
-      lines = FindLines(chunk, end, lines);
+      // Line 1 starts at 0; what is found is where the line behind starts.
+      LoadKernel::Facts facts;
+      lines += kernel_.findLines(lexicon_->text_.data(), chunk, end, static_cast<char>(previousFirst_),
+                                 &lexicon_->starts_[lines + 2], facts);
+      mayFold_ = mayFold_ || facts.mayFold;
       if (end == size_ && lexicon_->text_[size_ - 1] != '\n') {
         lexicon_->starts_[++lines + 1] = static_cast<uint32_t>(size_ + 1);
       }
-      if (!AddWords(before + 1, lines)) {
+      if (lines > before && !AddWords(facts, before + 1, lines)) {
         return false;
       }
     }
     return true;
   }
 
-  // Writes where the line behind each line feed from `from` to `end` starts; line 1 starts at 0. Gives the number of
-  // lines that end before `end`, of which `lines` end before `from`. More than one line behind the last that can become
-  // a word is of no interest.
-  size_t FindLines(size_t from, size_t end, size_t lines) {
-    const char* text = lexicon_->text_.data();
-    uint32_t* starts = lexicon_->starts_.data();
-    for (size_t block = from; block < end && lines <= mostWords_; block += kBlock) {
-      const BlockFacts facts = LookAt(text + block);
-      mayFold_ = mayFold_ || facts.mayFold;
-      uint64_t lineFeeds =
-          end - block < kBlock ? facts.lineFeeds & ((uint64_t{1} << (end - block)) - 1) : facts.lineFeeds;
-      uint32_t* next = starts + lines + 2;
-      lines += static_cast<size_t>(std::popcount(lineFeeds));
-      // Eight at once, whether there are so many or not: a loop of unknown length costs more than the needless ones.
-      do {
-        for (int i = 0; i < kLinesAtOnce; ++i) {
-          *next++ = static_cast<uint32_t>(block) + static_cast<uint32_t>(std::countr_zero(lineFeeds | kTopBit)) + 1;
-          lineFeeds &= lineFeeds - 1;
-        }
-      } while (lineFeeds != 0);
-    }
-    return lines;
-  }
-
   // Makes words of the lines `first` to `last`, up to the capacity.
-  bool AddWords(size_t first, size_t last) {
+  bool AddWords(const LoadKernel::Facts& facts, size_t first, size_t last) {
     const size_t lastWord = std::min(last, static_cast<size_t>(capacity_));
-    if (!MeasureWords(first, lastWord)) {
+    if (!MeasureAlike(facts, first, lastWord) && !MeasureWords(first, lastWord)) {
       return false;
     }
     lexicon_->count_ = static_cast<int32_t>(lastWord);
-    CollectLetters(first, lastWord);
+    letters_.Add(lexicon_->text_.data(), lexicon_->starts_.data(), lexicon_->lengths_.data(), first, lastWord,
+                 lexicon_->letters_);
     full_ = last > lastWord;
     if (full_) {
       ++lexicon_->count_;
       error_ = MakeRunTimeError(kErrorSubscriptOutOfRange);
     }
     return !full_;
+  }
+
+  // The words of a sorted list begin as the one before, but for a few, and their lines end alike: then they are
+  // measured without a question to each.
+  bool MeasureAlike(const LoadKernel::Facts& facts, size_t first, size_t last) {
+    const uint32_t* starts = &lexicon_->starts_[first];
+    uint8_t* lengths = &lexicon_->lengths_[first];
+    const size_t count = last + 1 - first;
+    // The last line may have no end.
+    const bool ended = lexicon_->text_[starts[count] - size_t{1}] == '\n';
+    if (facts.otherFirst || facts.bareFeed == facts.pairedFeed || !ended ||
+        static_cast<unsigned char>(lexicon_->text_[starts[0]]) != previousFirst_ ||
+        kernel_.measure(starts, count, facts.pairedFeed ? 2 : 1, lengths) >= kMaxWordLength) {
+      return false;
+    }
+    for (size_t i = 0; i < count; ++i) {
+      ++lexicon_->lengthCount_[lengths[i]];
+    }
+    return true;
   }
 
   bool MeasureWords(size_t first, size_t last) {
@@ -238,47 +207,6 @@ class LexiconLoader {
       }
     }
     return true;
-  }
-
-  void CollectLetters(size_t first, size_t last) {
-    const char* text = lexicon_->text_.data();
-    const uint32_t* starts = lexicon_->starts_.data();
-    const uint8_t* lengths = lexicon_->lengths_.data();
-    const size_t firstOfBlock = first / kBlockWords * kBlockWords;
-    LetterSet* letters = sets_.data();
-    // The few long words get the rest of their letters afterwards: so no word waits to be asked how long it is.
-    std::array<uint32_t, kChunk / kLettersAtOnce + 8> longWords;
-    size_t longCount = 0;
-    for (size_t number = first; number <= last; number += 4) {
-      std::array<const char*, 4> heads;
-      std::array<unsigned, 4> headLengths;
-      for (size_t i = 0; i < 4; ++i) {
-        const unsigned length = lengths[number + i];
-        heads[i] = text + starts[number + i];
-        headLengths[i] = std::min(length, kLettersAtOnce);
-        longWords[longCount] = static_cast<uint32_t>(number + i);
-        longCount += (kLettersAtOnce - length) >> 31;  // 1 for a long word, without a branch.
-      }
-      LetterSetsOfHeads(heads, headLengths, letters + (number - firstOfBlock));
-    }
-    for (const uint32_t number : std::span(longWords).first(longCount)) {
-      for (unsigned done = kLettersAtOnce; done < lengths[number]; done += kLettersAtOnce) {
-        letters[number - firstOfBlock] |=
-            LetterSetOfHead(text + starts[number] + done, std::min(lengths[number] - done, kLettersAtOnce));
-      }
-    }
-    const size_t unfinished = (last + 1) / kBlockWords * kBlockWords;
-    for (size_t block = firstOfBlock; block < unfinished; block += kBlockWords) {
-      lexicon_->letters_.Set(block / kBlockWords, letters + (block - firstOfBlock));
-    }
-    std::copy_n(letters + (unfinished - firstOfBlock), kBlockWords, letters);
-  }
-
-  // The bitmaps of the words in the last block.
-  void FinishLetters() {
-    const size_t words = static_cast<size_t>(lexicon_->count_) + 1;
-    std::fill(sets_.begin() + static_cast<std::ptrdiff_t>(words % kBlockWords), sets_.end(), 0);
-    lexicon_->letters_.Set(words / kBlockWords, sets_.data());
   }
 
   // An empty line is counted, begins a run of its own and has no initial; a line over 90 is not counted by length.
@@ -329,7 +257,7 @@ class LexiconLoader {
     LoadResult result = Result(LoadOutcome::NotSorted);
     if (runs_ <= kMaxRuns) {
       result.outcome = LoadOutcome::Ok;
-      FinishLetters();
+      letters_.Finish(static_cast<size_t>(lexicon_->count_) + 1, lexicon_->letters_);
       FoldText();
       result.lexicon = std::move(lexicon_);
     }
@@ -344,7 +272,7 @@ class LexiconLoader {
     } else if (full_) {
       result.outcome = LoadOutcome::Capacity;
       result.count = lexicon_->count_ = capacity_;
-      FinishLetters();
+      letters_.Finish(static_cast<size_t>(lexicon_->count_) + 1, lexicon_->letters_);
       FoldText();
       result.lexicon = std::move(lexicon_);
     }
@@ -375,8 +303,8 @@ class LexiconLoader {
     lexicon_->folds_ = true;
   }
 
-  // The letter sets of the words from the last unfinished block on; a chunk may be all lines of one character.
-  std::array<LetterSet, kChunk / 2 + 2 * kBlockWords> sets_{};
+  const LoadKernel& kernel_;
+  LetterCollector letters_;
   const int32_t capacity_;
   const TextSource source_;
   const std::function<void(int)>& progress_;
@@ -393,12 +321,12 @@ class LexiconLoader {
 };
 
 LoadResult LoadLexicon(const std::string& path, int32_t capacity, TextSource source,
-                       const std::function<void(int)>& progress) {
-  return LexiconLoader(capacity, source, progress).Load(path);
+                       const std::function<void(int)>& progress, VectorWidth vectors) {
+  return LexiconLoader(capacity, source, progress, vectors).Load(path);
 }
 
 LoadResult LoadLexiconBytes(std::string_view text) {
-  return LexiconLoader(kLexiconCapacity, TextSource::Read, {}).LoadBytes(text);
+  return LexiconLoader(kLexiconCapacity, TextSource::Read, {}, WidestVectors()).LoadBytes(text);
 }
 
 }  // namespace quorvane

@@ -14,6 +14,7 @@
 
 #include "base/big_buffer.h"
 #include "base/run_time_error.h"
+#include "base/vector_width.h"
 #include "lexicon/letter_bitmaps.h"
 
 namespace quorvane {
@@ -101,11 +102,12 @@ struct LoadResult {
 enum class TextSource { Read, Map };
 
 // Reads, indexes and checks the file at `path`. Lines end with CR LF or LF; the last line end may be missing. Of each
-// run of equal initials (letter case apart) the start is kept; more than 26 runs count as unsorted. `capacity` is
-// lowered by tests only.
+// run of equal initials (letter case apart) the start is kept; more than 26 runs count as unsorted. Tests alone
+// lower `capacity` and `vectors`.
 // `progress`, if given, is told now and then how many percent of the text are indexed.
 LoadResult LoadLexicon(const std::string& path, int32_t capacity = kLexiconCapacity,
-                       TextSource source = TextSource::Read, const std::function<void(int percent)>& progress = {});
+                       TextSource source = TextSource::Read, const std::function<void(int percent)>& progress = {},
+                       VectorWidth vectors = WidestVectors());
 
 // The same of a text in memory, of at most 4 GB, which is copied.
 LoadResult LoadLexiconBytes(std::string_view text);

@@ -1,0 +1,37 @@
+// Fills the letters' bitmaps while a lexicon is loaded.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "lexicon/letter_bitmaps.h"
+#include "lexicon/load_kernel.h"
+
+namespace quorvane {
+
+class LetterCollector {
+ public:
+  // `most` is how many words may be added at once.
+  LetterCollector(size_t most, const LoadKernel& kernel);
+
+  // Adds the words `first` to `last`, of which the first follows the last one added. They lie in `text` where the
+  // arrays say; these are read up to 16 entries, and the text up to 16 bytes, behind the last word.
+  void Add(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t first, size_t last,
+           LetterBitmaps& bitmaps);
+  // There are no more words behind the last one added; `words` is its number, and 1 more.
+  void Finish(size_t words, LetterBitmaps& bitmaps);
+
+ private:
+  void AddTails(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets);
+
+  const LoadKernel& kernel_;
+  std::vector<LetterSet> sets_;  // Of the words from the last unfinished block on.
+  // The words that go on behind what was collected of them: which they are, and of what is left start, length and set.
+  std::vector<uint32_t> longWords_;
+  std::vector<uint32_t> tailStarts_;
+  std::vector<uint8_t> tailLengths_;
+  std::vector<LetterSet> tailSets_;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,8 @@
+#include "lexicon/load_kernel_code.h"
+
+namespace quorvane {
+
+extern const LoadKernel kLoadKernelAvx2;
+const LoadKernel kLoadKernelAvx2{FindLines, Measure, SetsOfHeads, BitmapsOf64};
+
+}  // namespace quorvane

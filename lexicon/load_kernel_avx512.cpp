@@ -1,0 +1,8 @@
+#include "lexicon/load_kernel_code.h"
+
+namespace quorvane {
+
+extern const LoadKernel kLoadKernelAvx512;
+const LoadKernel kLoadKernelAvx512{FindLines, Measure, SetsOfHeads, BitmapsOf64};
+
+}  // namespace quorvane
