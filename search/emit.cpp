@@ -29,11 +29,16 @@ constexpr auto kPositions = [] {
   return positions;
 }();
 
+// Eight at once, whether there are so many or not: a loop of unknown length costs more than the needless ones.
 WordNumber* EmitSparse(uint64_t bits, WordNumber first, WordNumber* out) {
-  for (; bits != 0; bits &= bits - 1) {
-    *out++ = first + static_cast<WordNumber>(std::countr_zero(bits));
-  }
-  return out;
+  WordNumber* const end = out + std::popcount(bits);
+  do {
+    for (int i = 0; i < 8; ++i) {
+      *out++ = first + static_cast<WordNumber>(std::countr_zero(bits));
+      bits &= bits - 1;
+    }
+  } while (bits != 0);
+  return end;
 }
 
 WordNumber* EmitDense(uint64_t bits, WordNumber first, WordNumber* out) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <string_view>
 
 #include "search/byte_masks.h"
@@ -81,7 +82,11 @@ class Questions {
   }
 
   bool Impossible() const { return filter_.shortest > filter_.longest; }
-  bool AskLength() const { return filter_.shortest > 1 || filter_.longest < kMaxWordLength; }
+  // A word with all the letters that are wanted is as long as they are many.
+  bool AskLength() const {
+    return filter_.shortest > std::max(static_cast<unsigned>(std::popcount(filter_.want)), 1u) ||
+           filter_.longest < kMaxWordLength;
+  }
   uint64_t Length(size_t block) const { return LengthsFit(lengths_ + kBlockWords * block, filter_); }
 
   // Fills the blocks `from` to `last`, of which the first and the last have the given bits at most.

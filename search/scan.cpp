@@ -1,7 +1,9 @@
 #include "search/scan.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <span>
 
 #include "base/text.h"
 #include "search/sieve.h"
@@ -113,25 +115,46 @@ class Scan {
     }
   }
 
-  bool SameWord(WordNumber a, WordNumber b) const {
-    return lexicon_.Word(a) == lexicon_.Word(b);
-  }
+  bool SameWord(WordNumber a, WordNumber b) const { return lexicon_.Word(a) == lexicon_.Word(b); }
 
   // Of the numbers from `from` on, drops each word that equals the word listed just before it.
   void DropRepeats(size_t from) {
-    size_t kept = from;
-    const size_t size = found_.size();
-    size_t i = from;
-    for (; i < size && kept < kRepeatCheckLimit; ++i) {
-      const WordNumber number = found_[i];
-      if (kept == 0 || !SameWord(found_[kept - 1], number)) {
-        found_[kept++] = number;
+    if (from >= kRepeatCheckLimit) {
+      return;
+    }
+    size_t dropped = 0;
+    for (const uint32_t i : Doubtful(std::max<size_t>(from, 1))) {
+      if (i - dropped >= kRepeatCheckLimit) {
+        break;
+      }
+      if (SameWord(found_[i - 1], found_[i])) {
+        repeats_[dropped++] = i;
       }
     }
-    if (kept != i) {
-      std::copy(&found_[0] + i, &found_[0] + size, &found_[0] + kept);
-      found_.Resize(kept + (size - i));
+    for (size_t i = 0; i < dropped; ++i) {
+      const size_t end = i + 1 < dropped ? repeats_[i + 1] : found_.size();
+      std::copy(&found_[0] + repeats_[i] + 1, &found_[0] + end, &found_[0] + repeats_[i] - i);
     }
+    found_.Resize(found_.size() - dropped);
+  }
+
+  // Which of the found words, from `from` (above 0) on, are as long as the one before. They are few, and lie in far
+  // memory: their text is asked for before any of it is looked at.
+  std::span<const uint32_t> Doubtful(size_t from) {
+    const uint8_t* lengths = lexicon_.Lengths();
+    const uint32_t* starts = lexicon_.Starts();
+    size_t count = 0;
+    for (size_t i = from; i < found_.size(); ++i) {
+      FetchEarly(starts + found_[i]);
+      doubtful_[count] = static_cast<uint32_t>(i);
+      count += lengths[found_[i - 1]] == lengths[found_[i]] ? 1u : 0u;
+    }
+    const std::span<const uint32_t> doubtful = std::span(doubtful_).first(count);
+    for (const uint32_t i : doubtful) {
+      FetchEarly(lexicon_.Text() + starts[found_[i - 1]]);
+      FetchEarly(lexicon_.Text() + starts[found_[i]]);
+    }
+    return doubtful;
   }
 
   // One accepted word. Once the screen list has refused an entry, words are counted without further tests.
@@ -166,6 +189,8 @@ class Scan {
   const int step_;
   ScanOutcome outcome_;
   Survivors survivors_;
+  std::array<uint32_t, Survivors::kWords> doubtful_;
+  std::array<uint32_t, Survivors::kWords> repeats_;
 };
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/run_time_error.h"
+#include "base/vector_width.h"
 #include "search/conditions.h"
 #include "search/emit.h"
 #include "search/pattern.h"
@@ -27,6 +28,7 @@ struct ScanRequest {
   int maxLength = kAnyMaxLength;
   bool palindromes = false;                   // Keep only words that read the same both ways.
   std::vector<PreparedCondition> conditions;  // Not of random words.
+  VectorWidth vectors = WidestVectors();      // Narrower ones are for tests.
 };
 
 class ScanObserver {

@@ -16,18 +16,18 @@ bool AsksForOneLetter(const Verifier& verifier) {
 }  // namespace
 
 Sieve::Sieve(const ScanRequest& request) {
-  Add(request.prepared, request.lists, static_cast<unsigned>(std::max(request.minLength, 0)),
-      static_cast<unsigned>(std::max(request.maxLength, 0)), true);
+  Add(Verifier(request.prepared, request.lists, static_cast<unsigned>(std::max(request.minLength, 0)),
+               static_cast<unsigned>(std::max(request.maxLength, 0)), request.vectors),
+      true);
   for (const PreparedCondition& condition : request.conditions) {
-    Add(condition.prepared, condition.lists, 1, kMaxWordLength, condition.mustFit);
+    Add(Verifier(condition.prepared, condition.lists, 1, kMaxWordLength, request.vectors), condition.mustFit);
   }
   std::stable_sort(tests_.begin(), tests_.end(),
                    [](const auto& a, const auto& b) { return a->verifier.Mode() < b->verifier.Mode(); });
 }
 
-void Sieve::Add(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest,
-                bool mustFit) {
-  auto test = std::make_unique<Test>(Test{Verifier(prepared, lists, shortest, longest), mustFit});
+void Sieve::Add(Verifier verifier, bool mustFit) {
+  auto test = std::make_unique<Test>(Test{std::move(verifier), mustFit});
   const WordFilter& filter = test->verifier.Filter();
   if (mustFit) {
     filter_.Narrow(filter);

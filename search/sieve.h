@@ -28,8 +28,7 @@ class Sieve {
     bool filtered = false;  // The common filter asks all that the test's own does.
   };
 
-  void Add(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest,
-           bool mustFit);
+  void Add(Verifier verifier, bool mustFit);
   void Drop(const Lexicon& lexicon, Verifier& verifier, Survivors& survivors);
 
   WordFilter filter_;

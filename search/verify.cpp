@@ -138,12 +138,14 @@ constexpr size_t kFetchAhead = 4096;
 constexpr size_t kTextOfBlock = size_t{13} * 64;
 constexpr int kWorthFetching = 3;  // Words to look at in a block.
 
+// In the time of a look at one word a pass over the text is done with about so many.
+constexpr size_t kWordsOfALook = 32;
+constexpr size_t kWordsOfAShortLook = 8;
+
 void FetchAhead(const char* text) {
-#if defined(__GNUC__)
   for (size_t i = 0; i < kTextOfBlock; i += 64) {
-    __builtin_prefetch(text + kFetchAhead + i);
+    FetchEarly(text + kFetchAhead + i);
   }
-#endif
 }
 
 // `textOf(number)` is where the word stands.
@@ -170,8 +172,10 @@ void KeepAccepted(Survivors& survivors, TextOf textOf, Accepts accepts) {
 
 }  // namespace
 
-Verifier::Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest)
+Verifier::Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest,
+                   VectorWidth vectors)
     : plan_(MakeVerifyPlan(prepared, lists, shortest, longest)),
+      textPass_(plan_.text, vectors),
       wordTest_(prepared, lists) {}
 
 // Words that hold other characters than letters, and very long ones, are tried by the one definition of matching.
@@ -207,6 +211,11 @@ void Verifier::Keep(const Lexicon& lexicon, Survivors& survivors, Test test) {
 }
 
 void Verifier::Verify(const Lexicon& lexicon, Survivors& survivors) {
+  const size_t wordsOfALook = plan_.mode == VerifyMode::Ends ? kWordsOfAShortLook : kWordsOfALook;
+  if (plan_.mode != VerifyMode::FilterDecides && textPass_.IsWorth(survivors, wordsOfALook)) {
+    textPass_.Keep(lexicon, survivors, [this](std::string_view word) { return wordTest_.Accepts(word); });
+    return;
+  }
   const auto keep = [&](auto test) { Keep(lexicon, survivors, test); };
   switch (plan_.mode) {
     case VerifyMode::FilterDecides:

@@ -8,6 +8,7 @@
 #include "search/filter.h"
 #include "search/match.h"
 #include "search/pattern.h"
+#include "search/text_pass.h"
 #include "search/verify_plan.h"
 
 namespace quorvane {
@@ -16,7 +17,8 @@ namespace quorvane {
 class Verifier {
  public:
   // `shortest` and `longest` are the length range of the search.
-  Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest);
+  Verifier(const PreparedPattern& prepared, const CharacterLists& lists, unsigned shortest, unsigned longest,
+           VectorWidth vectors);
 
   const WordFilter& Filter() const { return plan_.filter; }
   VerifyMode Mode() const { return plan_.mode; }
@@ -29,6 +31,7 @@ class Verifier {
   void Keep(const Lexicon& lexicon, Survivors& survivors, Test test);
 
   const VerifyPlan plan_;
+  const TextPass textPass_;
   WordTest wordTest_;
 };
 

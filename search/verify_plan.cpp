@@ -69,6 +69,7 @@ class PlanMaker {
   Symbol& SymbolFor(LetterSet letters);
   void AddCharacter(char patternCharacter, std::optional<EndPlace> end, uint8_t middleOffset);
   void AddDigit(char digit, std::optional<EndPlace> end, uint8_t middleOffset);
+  void MakeTextQuestion();
   void LimitToWholePattern();
   void MakeSequence();
   void MakeLetterChoice();
@@ -148,13 +149,35 @@ void PlanMaker::MakePositions() {
   if (prepared_.HasMiddle()) {
     AddMiddle(prepared_.middle);
   }
-  // One letter anywhere is what the letter sets say already; characters that match whatever there is, letter or not,
+  // One letter anywhere is what the bitmaps say already; characters that match whatever there is, letter or not,
   // ask for nothing but a length.
   const bool oneLetter = prepared_.kind == PatternKind::Contains && characters.size() == 1 && IsLetter(characters[0]);
   const bool anything = positions_.Trivial() && std::all_of(characters.begin(), characters.end(), [](char c) {
                           return IsBoundDigit(c) || StandsFor(c) == Stands::AnyCharacter;
                         });
   plan_.mode = oneLetter || anything ? VerifyMode::FilterDecides : ModeOfPositions();
+  MakeTextQuestion();
+}
+
+// What digits stand for depends on the word: such patterns have no steps.
+void PlanMaker::MakeTextQuestion() {
+  const std::string& prefix = prepared_.prefix;
+  const std::string& suffix = prepared_.suffix;
+  const auto anyDigit = [](const std::string& part) { return std::any_of(part.begin(), part.end(), IsBoundDigit); };
+  if (anyDigit(prefix) || anyDigit(prepared_.middle) || anyDigit(suffix)) {
+    return;
+  }
+  TextQuestion& question = plan_.text;
+  const auto add = [&](const std::string& part) {
+    for (size_t i = 0; i < part.size(); ++i) {
+      question.Add(classes_.Of(part[i]), i == 0 && !question.steps.empty());
+    }
+  };
+  add(prefix);
+  add(prepared_.middle);
+  add(suffix);
+  question.fromStart = !prefix.empty();
+  question.toEnd = !suffix.empty() || prepared_.kind == PatternKind::NoAsterisk;
 }
 
 VerifyMode PlanMaker::ModeOfPositions() const {
@@ -263,6 +286,11 @@ void PlanMaker::MakeSequence() {
     return;
   }
   AddMiddle(prepared_.letters);
+  for (const char c : prepared_.letters) {
+    plan_.text.Add(LetterBit(c));
+  }
+  plan_.text.minTimes = times;
+  plan_.text.maxTimes = prepared_.orMore ? 0 : times;
   positions_.minStarts = times;
   positions_.maxStarts = prepared_.orMore ? static_cast<unsigned>(kMaxWordLength) : times;
   plan_.mode = VerifyMode::Run;
@@ -278,6 +306,9 @@ void PlanMaker::MakeLetterChoice() {
   filter_.shortest = std::max(filter_.shortest, static_cast<unsigned>(letters.size()));
   if (!prepared_.anyOrder && letters.size() > 1) {
     plan_.orderedLetters = letters;
+    for (const char c : letters) {
+      plan_.text.Add(LetterBit(c), true);
+    }
     plan_.mode = VerifyMode::OrderedLetters;
     return;
   }

@@ -99,6 +99,22 @@ struct LetterCount {
   unsigned max;
 };
 
+// A pattern as steps from character to character of a word of letters, for a pass over the text.
+struct TextQuestion {
+  struct Step {
+    LetterSet letters;
+    bool later;  // Other characters may stand in front.
+  };
+  std::vector<Step> steps;  // None: the pattern can't be said so.
+  bool fromStart = false;   // The first step is the word's first character.
+  bool toEnd = false;       // The last step is the word's last character.
+  // At how many places of the word the last step must arrive; a maximum of 0 is none.
+  unsigned minTimes = 1;
+  unsigned maxTimes = 0;
+
+  void Add(LetterSet letters, bool later = false) { steps.push_back({letters, later}); }
+};
+
 // Which test decides; the dearer ones come later.
 enum class VerifyMode {
   FilterDecides,
@@ -116,6 +132,7 @@ struct VerifyPlan {
   WordFilter filter;
   VerifyMode mode = VerifyMode::WordByWord;
   Positions positions;
+  TextQuestion text;
   std::string orderedLetters;
   std::vector<LetterCount> letterCounts;
 };
