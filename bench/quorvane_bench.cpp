@@ -1,5 +1,6 @@
-// Load, each kind of search, and sorting, over the lexicon named by QUORVANE_BENCH_LEXICON (make_bench_lexicon makes
-// one); the history, in the directory for temporary files.
+// Load and each kind of search, with vectors of each width (in bytes) that the machine has, and sorting, over the
+// lexicon named by QUORVANE_BENCH_LEXICON (make_bench_lexicon makes one); the history, in the directory for temporary
+// files.
 
 #include <benchmark/benchmark.h>
 
@@ -58,14 +59,13 @@ constexpr Case kCases[] = {
     {"====", "===="},
 };
 
-void Load(benchmark::State& state) {
+void Load(benchmark::State& state, VectorWidth vectors) {
   for (auto _ : state) {
-    benchmark::DoNotOptimize(LoadLexicon(LexiconPath()));
+    benchmark::DoNotOptimize(LoadLexicon(LexiconPath(), kLexiconCapacity, TextSource::Read, {}, vectors));
   }
 }
-BENCHMARK(Load)->Unit(benchmark::kMillisecond);
 
-void FindWords(benchmark::State& state, const Case& searched) {
+void FindWords(benchmark::State& state, const Case& searched, VectorWidth vectors) {
   const auto lexicon = TheLexicon();
   if (lexicon == nullptr) {
     state.SkipWithError("no lexicon: set QUORVANE_BENCH_LEXICON");
@@ -75,6 +75,7 @@ void FindWords(benchmark::State& state, const Case& searched) {
   request.prepared = PreparePattern(searched.text, searched.type);
   request.lists.scrabble = "retains";
   request.palindromes = searched.type == WordType::Palindrome;
+  request.vectors = vectors;
   FoundNumbers found;
   NoRandom random;
   for (auto _ : state) {
@@ -152,11 +153,20 @@ BENCHMARK(ReadHistory)->Unit(benchmark::kMillisecond);
 }  // namespace quorvane
 
 int main(int argc, char** argv) {
-  for (const auto& searched : quorvane::kCases) {
-    benchmark::RegisterBenchmark((std::string("Search/") + searched.name).c_str(), [&searched](
-                                                                                       benchmark::State& state) {
-      quorvane::FindWords(state, searched);
-    })->Unit(benchmark::kMillisecond);
+  using quorvane::VectorWidth;
+  for (const auto vectors : {VectorWidth::Base, VectorWidth::Avx2, VectorWidth::Avx512}) {
+    if (vectors > quorvane::WidestVectors()) {
+      break;
+    }
+    const std::string bytes = "/" + std::to_string(16 << static_cast<int>(vectors)) + "/";
+    const auto add = [](const std::string& name, auto run) {
+      benchmark::RegisterBenchmark(name.c_str(), run)->Unit(benchmark::kMillisecond);
+    };
+    add("Load" + bytes, [vectors](benchmark::State& state) { quorvane::Load(state, vectors); });
+    for (const auto& searched : quorvane::kCases) {
+      add("Search" + bytes + searched.name,
+          [&searched, vectors](benchmark::State& state) { quorvane::FindWords(state, searched, vectors); });
+    }
   }
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();

@@ -13,12 +13,32 @@ EXACT_ANAGRAM = r"^(?!.*([eilnst]).*\1)[eilnst]{6}\r$"
 
 
 @dataclass(frozen=True)
+class Reads:
+    """What a search can't do without: a bit a word for each letter that it asks for, the lengths, and text, that of all
+    words or of those it finds; of the words with these initials, or of all."""
+
+    letters: int = 0
+    lengths: bool = False
+    text: str = "found"  # or "all" or "none"
+    initials: str = ""
+
+    def megabytes(self, count, words_by_initial, file_bytes):
+        total = sum(words_by_initial.values())
+        words = sum(words_by_initial[initial] for initial in self.initials) if self.initials else total
+        text = {"none": 0, "found": count, "all": words}[self.text] * file_bytes / total
+        found_numbers = 4 * count
+        return (words * (self.letters / 8 + self.lengths) + text + found_numbers) / 1e6
+
+
+@dataclass(frozen=True)
 class Pattern:
     text: str
     expression: str
+    reads: Reads = Reads()
     type: str = "word"
     perl: tuple = ()  # the peers that need -P: rg for back-references, both for look-ahead
     masks_decide: bool = False  # a word's letters (and its length) decide the search
+    most_reads: float = 0  # only the text decides: the search may take so many times as long as reading it
 
     @property
     def name(self):
@@ -35,27 +55,36 @@ class Pattern:
         return ["-c", *extended, "-e", self.expression.replace(r"\r", "\r")]
 
 
-REPEATED = Pattern("1221", r"^(.)(.)\2\1\r$", perl=("rg",))
-PART = Pattern("*ell*", "ell")
-UN_ABLE = Pattern("un*able", r"^un.*able\r$")
+REPEATED = Pattern("1221", r"^(.)(.)\2\1\r$", Reads(lengths=True), perl=("rg",))
+PART = Pattern("*ell*", "ell", Reads(text="all"), most_reads=2.5)
+UN_ABLE = Pattern("un*able", r"^un.*able\r$", Reads(letters=6, initials="u"))
 
 PATTERNS = [
-    Pattern("c?t", r"^c.t\r$"),
-    Pattern("?a?e?", r"^.a.e.\r$"),
-    Pattern("*ing", r"ing\r$"),
+    Pattern("c?t", r"^c.t\r$", Reads(lengths=True, initials="c")),
+    Pattern("?a?e?", r"^.a.e.\r$", Reads(lengths=True)),
+    Pattern("*ing", r"ing\r$", Reads(text="all"), most_reads=2.5),
     UN_ABLE,
     PART,
-    Pattern("s*t*r", r"^s.*t.*r\r$"),
+    Pattern("s*t*r", r"^s.*t.*r\r$", Reads(text="all", initials="s")),
     REPEATED,
-    Pattern("@$@$@", rf"^{VOWEL}{CONSONANT}{VOWEL}{CONSONANT}{VOWEL}\r$"),
-    Pattern("*q*", "q", masks_decide=True),
-    Pattern("*e*", "e"),
-    Pattern("*", "^"),
-    Pattern("%2ss>", "sss|ss.*ss"),
-    Pattern(";pnt", "p.*n.*t"),
-    Pattern(";tnp~", "|".join(".*".join(order) for order in permutations("tnp")), masks_decide=True),
-    Pattern("listenings", FULL_ANAGRAM, "anagram", perl=("rg", "grep"), masks_decide=True),
-    Pattern("listen", EXACT_ANAGRAM, "exact", perl=("rg", "grep"), masks_decide=True),
+    Pattern(
+        "@$@$@", rf"^{VOWEL}{CONSONANT}{VOWEL}{CONSONANT}{VOWEL}\r$", Reads(lengths=True, initials="aeiou")
+    ),
+    Pattern("*q*", "q", Reads(letters=1, text="none"), masks_decide=True),
+    Pattern("*e*", "e", Reads(letters=1, text="none")),
+    Pattern("*", "^", Reads(text="none")),
+    Pattern("%2ss>", "sss|ss.*ss", Reads(text="all"), most_reads=3.5),
+    Pattern(";pnt", "p.*n.*t", Reads(text="all"), most_reads=3.5),
+    Pattern(
+        ";tnp~", "|".join(".*".join(order) for order in permutations("tnp")), Reads(letters=3, text="none"),
+        masks_decide=True,
+    ),
+    Pattern(
+        "listenings", FULL_ANAGRAM, Reads(letters=19), "anagram", perl=("rg", "grep"), masks_decide=True,
+    ),
+    Pattern(
+        "listen", EXACT_ANAGRAM, Reads(lengths=True, text="none"), "exact", perl=("rg", "grep"), masks_decide=True,
+    ),
 ]
 # Its time is compared with PART's and not with the peers', its count like every other.
 PART_OF_SETS = Pattern("*@$@$@$*", (VOWEL + CONSONANT) * 3)
