@@ -31,6 +31,8 @@ class Row {
   }
   uint64_t* data() { return blocks_ + kFront; }
   const uint64_t* data() const { return blocks_ + kFront; }
+  // A block further to the front: at each index the block before that of data().
+  const uint64_t* Before() const { return blocks_ + kFront - 1; }
 
   uint64_t carry = 0;  // Out of the batch before, where the row was made by Spread.
 
@@ -102,10 +104,11 @@ void Fill(const char* text, size_t blocks, uint64_t* out, Question question) {
 // A mark becomes one at the next character, if `wanted` has it.
 void Next(const Row& marks, const Row& wanted, size_t blocks, Row& to) {
   const uint64_t* from = marks.data();
+  const uint64_t* before = marks.Before();
   const uint64_t* want = wanted.data();
   uint64_t* out = to.Begin();
   for (size_t i = 0; i < blocks; ++i) {
-    out[i] = (from[i] << 1 | from[i - 1] >> 63) & want[i];
+    out[i] = (from[i] << 1 | before[i] >> 63) & want[i];
   }
 }
 
@@ -243,9 +246,10 @@ class Pass {
   // A mark becomes marks at all that follows, but not at itself.
   void Later(const Row& marks, const Row& wanted, size_t blocks, Row& to) {
     const uint64_t* from = marks.data();
+    const uint64_t* before = marks.Before();
     uint64_t next[kBatch];
     for (size_t i = 0; i < blocks; ++i) {
-      next[i] = from[i] << 1 | from[i - 1] >> 63;
+      next[i] = from[i] << 1 | before[i] >> 63;
     }
     Spread(next, wanted, lineFeeds_, blocks, to);
   }
