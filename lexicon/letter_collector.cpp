@@ -8,23 +8,12 @@ namespace {
 
 constexpr size_t kBlockWords = LetterBitmaps::kBlockWords;
 
-// Writes which of `count` words are longer than a head, and how many they are; without a branch, for who is long can't
-// be guessed.
-size_t FindLong(const uint8_t* lengths, size_t count, uint32_t* longWords) {
-  size_t found = 0;
-  for (size_t i = 0; i < count; ++i) {
-    longWords[found] = static_cast<uint32_t>(i);
-    found += lengths[i] > LoadKernel::kHead ? 1u : 0u;
-  }
-  return found;
-}
-
 }  // namespace
 
 LetterCollector::LetterCollector(size_t most, const LoadKernel& kernel)
     : kernel_(kernel),
       sets_(most + kBlockWords + LoadKernel::kWordsAtOnce),
-      longWords_(most + 1),
+      longWords_(most + LoadKernel::kWordsAtOnce),
       tailStarts_(most + LoadKernel::kWordsAtOnce),
       tailLengths_(most + LoadKernel::kWordsAtOnce),
       tailSets_(most + LoadKernel::kWordsAtOnce) {}
@@ -46,7 +35,7 @@ void LetterCollector::Add(const char* text, const uint32_t* starts, const uint8_
 void LetterCollector::AddTails(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count,
                                LetterSet* sets) {
   constexpr size_t kHead = LoadKernel::kHead;
-  size_t left = FindLong(lengths, count, longWords_.data());
+  size_t left = kernel_.findLong(lengths, count, longWords_.data());
   for (size_t done = kHead; left > 0; done += kHead) {
     for (size_t i = 0; i < left; ++i) {
       tailStarts_[i] = starts[longWords_[i]] + static_cast<uint32_t>(done);

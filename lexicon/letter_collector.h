@@ -16,7 +16,7 @@ class LetterCollector {
   LetterCollector(size_t most, const LoadKernel& kernel);
 
   // Adds the words `first` to `last`, of which the first follows the last one added. They lie in `text` where the
-  // arrays say; these are read up to 16 entries, and the text up to 16 bytes, behind the last word.
+  // arrays say; these are read up to 64 entries, and the text up to 16 bytes, behind the last word.
   void Add(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t first, size_t last,
            LetterBitmaps& bitmaps);
   // There are no more words behind the last one added; `words` is its number, and 1 more.

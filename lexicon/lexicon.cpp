@@ -17,7 +17,7 @@ namespace quorvane {
 namespace {
 
 constexpr int kMaxRuns = 26;
-constexpr size_t kChunk = size_t{1} << 14;  // Bytes of text that are turned into words together.
+constexpr size_t kChunk = LoadKernel::kFetchAhead;  // Bytes of text that are turned into words together.
 // Lines of one character, and the end of one from before.
 constexpr size_t kMostWordsOfChunk = kChunk / 2 + 1;
 // Lines that may be found past the most that can become words, before that is noticed, and entries written behind them.

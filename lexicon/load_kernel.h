@@ -15,8 +15,10 @@ struct LoadKernel {
   // Words that are worked on at once, at most.
   static constexpr size_t kWordsAtOnce = 16;
 
-  // Bytes of text that are looked at together.
+  // Bytes of text, or lengths, that are looked at together.
   static constexpr size_t kBlock = 64;
+  // From so far ahead text is fetched while this much is worked on.
+  static constexpr size_t kFetchAhead = size_t{1} << 14;
 
   // What is noticed of a part of the text on the way.
   struct Facts {
@@ -33,6 +35,9 @@ struct LoadKernel {
   // The lengths of `count` words, of which word i starts at `starts[i]`, with `lineEnd` characters between word and
   // word. Gives the greatest, modulo 2^32 and less 1: for an empty word that is all ones.
   uint32_t (*measure)(const uint32_t* starts, size_t count, uint32_t lineEnd, uint8_t* lengths);
+  // Writes which of `count` words are longer than a head, and up to 16 entries behind the last. Gives their number. The
+  // lengths are read up to the next multiple of kBlock.
+  size_t (*findLong)(const uint8_t* lengths, size_t count, uint32_t* longWords);
   // The sets of the first kHead characters of `count` words, of which word i starts at `text + starts[i]`. Of the text
   // kHead bytes from each start on are read. The arrays are read and written up to the next multiple of kWordsAtOnce.
   void (*setsOfHeads)(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets);

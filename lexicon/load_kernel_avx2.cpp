@@ -3,6 +3,6 @@
 namespace quorvane {
 
 extern const LoadKernel kLoadKernelAvx2;
-const LoadKernel kLoadKernelAvx2{FindLines, Measure, SetsOfHeads, BitmapsOf64};
+const LoadKernel kLoadKernelAvx2{FindLines, Measure, FindLong, SetsOfHeads, BitmapsOf64};
 
 }  // namespace quorvane

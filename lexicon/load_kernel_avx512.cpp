@@ -3,6 +3,6 @@
 namespace quorvane {
 
 extern const LoadKernel kLoadKernelAvx512;
-const LoadKernel kLoadKernelAvx512{FindLines, Measure, SetsOfHeads, BitmapsOf64};
+const LoadKernel kLoadKernelAvx512{FindLines, Measure, FindLong, SetsOfHeads, BitmapsOf64};
 
 }  // namespace quorvane

@@ -3,6 +3,6 @@
 namespace quorvane {
 
 extern const LoadKernel kLoadKernelBase;
-const LoadKernel kLoadKernelBase{FindLines, Measure, SetsOfHeads, BitmapsOf64};
+const LoadKernel kLoadKernelBase{FindLines, Measure, FindLong, SetsOfHeads, BitmapsOf64};
 
 }  // namespace quorvane

@@ -140,6 +140,11 @@ size_t WritePlaces(uint64_t ones, uint32_t base, uint32_t* out) {
 
 #endif
 
+// The bits below the first `count`, all when there are no more.
+uint64_t Below(size_t count) {
+  return count < 64 ? (uint64_t{1} << count) - 1 : ~uint64_t{0};
+}
+
 size_t FindLines(const char* text, size_t from, size_t end, char first, uint32_t* starts, LoadKernel::Facts& facts) {
   const auto bytes = [](char value) { return QUORVANE_WIDE(set1_epi8)(value); };
   const char before = from == 0 ? '\0' : text[from - 1];
@@ -154,6 +159,7 @@ size_t FindLines(const char* text, size_t from, size_t end, char first, uint32_t
     uint64_t feeds = 0;
     uint64_t crs = 0;
     uint64_t firsts = 0;
+    _mm_prefetch(text + block + LoadKernel::kFetchAhead, _MM_HINT_T0);
     for (size_t i = 0; i < LoadKernel::kBlock; i += 16 * kLanes) {
       const Wide part = Gather([&](size_t lane) { return text + block + i + 16 * lane; });
       feeds |= Equal(part, '\n') << i;
@@ -163,8 +169,7 @@ size_t FindLines(const char* text, size_t from, size_t end, char first, uint32_t
       const Wide pastZ = QUORVANE_WIDE(subs_epu8)(QUORVANE_WIDE(sub_epi8)(part, bytes('A')), bytes(25));
       fold = fold | part | QUORVANE_WIDE(sub_epi8)(QUORVANE_WIDE(min_epu8)(pastZ, bytes(1)), bytes(1));
     }
-    const size_t left = end - block;
-    const uint64_t inside = left < LoadKernel::kBlock ? (uint64_t{1} << left) - 1 : ~uint64_t{0};
+    const uint64_t inside = Below(end - block);
     feeds &= inside;
     const uint64_t afterCr = crs << 1 | crBefore;
     bare |= feeds & ~afterCr;
@@ -179,6 +184,22 @@ size_t FindLines(const char* text, size_t from, size_t end, char first, uint32_t
   facts.pairedFeed = facts.pairedFeed || paired != 0;
   facts.otherFirst = facts.otherFirst || otherFirst != 0;
   return lines;
+}
+
+size_t FindLong(const uint8_t* lengths, size_t count, uint32_t* longWords) {
+  size_t found = 0;
+  for (size_t block = 0; block < count; block += LoadKernel::kBlock) {
+    uint64_t longOnes = 0;
+    for (size_t i = 0; i < LoadKernel::kBlock; i += 16 * kLanes) {
+      const Wide part = Gather([&](size_t lane) { return lengths + block + i + 16 * lane; });
+      // What is left of a long one lifts 127 to the top bit.
+      const Wide left = QUORVANE_WIDE(subs_epu8)(part, QUORVANE_WIDE(set1_epi8)(LoadKernel::kHead));
+      longOnes |= TopBits(QUORVANE_WIDE(adds_epu8)(left, QUORVANE_WIDE(set1_epi8)(127))) << i;
+    }
+    longOnes &= Below(count - block);
+    found += WritePlaces(longOnes, static_cast<uint32_t>(block), longWords + found);
+  }
+  return found;
 }
 
 // Four numbers a lane that or-ed together are the set of the bytes that are not dropped. A letter's code modulo 32 is
@@ -286,6 +307,15 @@ size_t FindLines(const char* text, size_t from, size_t end, char first, uint32_t
     }
   }
   return lines;
+}
+
+size_t FindLong(const uint8_t* lengths, size_t count, uint32_t* longWords) {
+  size_t found = 0;
+  for (size_t i = 0; i < count; ++i) {
+    longWords[found] = static_cast<uint32_t>(i);
+    found += lengths[i] > LoadKernel::kHead ? 1u : 0u;
+  }
+  return found;
 }
 
 void SetsOfHeads(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets) {
