@@ -148,7 +148,7 @@ void FetchAhead(const char* text) {
   }
 }
 
-// `textOf(number)` is where the word stands.
+// Of the words of a block, `first` with bit 0, those that are accepted.
 template <class Accepts>
 uint64_t Accepted(WordNumber first, uint64_t bits, Accepts accepts) {
   uint64_t kept = 0;
@@ -159,6 +159,7 @@ uint64_t Accepted(WordNumber first, uint64_t bits, Accepts accepts) {
   return kept;
 }
 
+// `textOf(number)` is where the word stands.
 template <class TextOf, class Accepts>
 void KeepAccepted(Survivors& survivors, TextOf textOf, Accepts accepts) {
   survivors.Narrow([&](size_t block, uint64_t bits) {
