@@ -1,13 +1,10 @@
 #include "lexicon/lexicon.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <span>
 
 #include "base/file.h"
 #include "base/text.h"

@@ -83,10 +83,7 @@ void FoundNumbers::MakeReady(size_t size) {
 }
 
 void Emit(const Survivors& survivors, FoundNumbers& found) {
-  size_t more = 0;
-  for (const size_t block : survivors.Blocks()) {
-    more += static_cast<size_t>(std::popcount(survivors.Bits(block)));
-  }
+  const size_t more = survivors.Count();
   found.Reserve(found.size_ + more);
   WordNumber* out = found.numbers_.data() + found.size_;
   for (const size_t block : survivors.Blocks()) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -76,6 +77,13 @@ class Survivors {
 
   // The blocks with a bit, ascending.
   std::span<const uint16_t> Blocks() const { return {blocks_.data(), count_}; }
+  size_t Count() const {
+    size_t words = 0;
+    for (const size_t block : Blocks()) {
+      words += static_cast<size_t>(std::popcount(bits_[block]));
+    }
+    return words;
+  }
   // Of a block that is listed, or that Narrow has emptied.
   uint64_t Bits(size_t block) const { return bits_[block]; }
 

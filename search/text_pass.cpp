@@ -71,11 +71,7 @@ bool TextPass::IsWorth(const Survivors& survivors, size_t wordsOfALook) const {
   if (!program_ || blocks.empty()) {
     return false;
   }
-  size_t words = 0;
-  for (const size_t block : blocks) {
-    words += static_cast<size_t>(std::popcount(survivors.Bits(block)));
-  }
-  return words * wordsOfALook >= (blocks.back() - blocks.front() + size_t{1}) * kBlockWords;
+  return survivors.Count() * wordsOfALook >= (blocks.back() - blocks.front() + size_t{1}) * kBlockWords;
 }
 
 void TextPass::Keep(const Lexicon& lexicon, Survivors& survivors,

@@ -159,15 +159,14 @@ uint64_t Accepted(WordNumber first, uint64_t bits, Accepts accepts) {
   return kept;
 }
 
-// `textOf(number)` is where the word stands.
-template <class TextOf, class Accepts>
-void KeepAccepted(Survivors& survivors, TextOf textOf, Accepts accepts) {
+// Gives each block the bits `kept(block, bits)`; where there is much to look at, the text further on is fetched.
+template <class Kept>
+void NarrowFetching(const Lexicon& lexicon, const char* text, Survivors& survivors, Kept kept) {
   survivors.Narrow([&](size_t block, uint64_t bits) {
-    const WordNumber first = survivors.First(block);
     if (std::popcount(bits) >= kWorthFetching) {
-      FetchAhead(textOf(first));
+      FetchAhead(text + lexicon.Starts()[survivors.First(block)]);
     }
-    return Accepted(first, bits, accepts);
+    return kept(block, bits);
   });
 }
 
@@ -198,11 +197,8 @@ void Verifier::Keep(const Lexicon& lexicon, Survivors& survivors, Test test) {
     return length <= 32 ? test.template Accepts<2>(word, length) : test.template Accepts<4>(word, length);
   };
   const auto ofAnything = [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); };
-  survivors.Narrow([&](size_t block, uint64_t bits) {
+  NarrowFetching(lexicon, text, survivors, [&](size_t block, uint64_t bits) {
     const WordNumber first = survivors.First(block);
-    if (std::popcount(bits) >= kWorthFetching) {
-      FetchAhead(text + starts[first]);
-    }
     uint64_t kept = Accepted(first, bits & ~others[block], ofLetters);
     if ((bits & others[block]) != 0) [[unlikely]] {
       kept |= Accepted(first, bits & others[block], ofAnything);
@@ -240,9 +236,10 @@ void Verifier::Verify(const Lexicon& lexicon, Survivors& survivors) {
       keep(TilesTest{plan_.letterCounts, plan_.filter.blanks});
       break;
     case VerifyMode::WordByWord:
-      KeepAccepted(
-          survivors, [&](WordNumber number) { return lexicon.FoldedWord(number).data(); },
-          [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });
+      NarrowFetching(lexicon, lexicon.FoldedText(), survivors, [&](size_t block, uint64_t bits) {
+        return Accepted(survivors.First(block), bits,
+                        [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });
+      });
       break;
   }
 }
@@ -252,9 +249,10 @@ bool IsPalindrome(std::string_view word) {
 }
 
 void KeepPalindromes(const Lexicon& lexicon, Survivors& survivors) {
-  KeepAccepted(
-      survivors, [&](WordNumber number) { return lexicon.Word(number).data(); },
-      [&](WordNumber number) { return IsPalindrome(lexicon.Word(number)); });
+  NarrowFetching(lexicon, lexicon.Text(), survivors, [&](size_t block, uint64_t bits) {
+    return Accepted(survivors.First(block), bits,
+                    [&](WordNumber number) { return IsPalindrome(lexicon.Word(number)); });
+  });
 }
 
 }  // namespace quorvane
