@@ -9,10 +9,6 @@ namespace {
 
 using Counts = std::array<uint32_t, kMaxWordLength + 1>;
 
-// Words placed in one go: first each one's place is worked out, then all are put there. Kept apart, the second pass
-// waits for no counter.
-constexpr size_t kBatch = 2048;
-
 // Whether the words are 1 to their number, the whole lexicon in its order.
 bool IsWholeLexicon(const Lexicon& lexicon, std::span<const WordNumber> words) {
   if (words.size() != static_cast<size_t>(lexicon.count())) {
@@ -27,10 +23,6 @@ bool IsWholeLexicon(const Lexicon& lexicon, std::span<const WordNumber> words) {
 
 Counts CountLengths(const Lexicon& lexicon, std::span<const WordNumber> words) {
   Counts total{};
-  if (IsWholeLexicon(lexicon, words)) {  // Its lengths are counted already.
-    std::copy(lexicon.lengthCount().begin(), lexicon.lengthCount().end(), total.begin());
-    return total;
-  }
   const uint8_t* lengths = lexicon.Lengths();
   for (const WordNumber word : words) {
     ++total[lengths[word]];
@@ -41,29 +33,33 @@ Counts CountLengths(const Lexicon& lexicon, std::span<const WordNumber> words) {
 }  // namespace
 
 void SortByLength(const Lexicon& lexicon, std::span<const WordNumber> words, bool longestFirst, FoundNumbers& sorted) {
-  const uint8_t* lengths = lexicon.Lengths();
-  const Counts counts = CountLengths(lexicon, words);
-  Counts next{};
-  uint32_t total = 0;
-  for (size_t step = 0; step <= kMaxWordLength; ++step) {
-    const size_t length = longestFirst ? kMaxWordLength - step : step;
-    next[length] = total;
-    total += counts[length];
-  }
   sorted.Resize(words.size());
   if (words.empty()) {
     return;
   }
-  WordNumber* out = &sorted[0];
-  std::array<uint32_t, kBatch> places;
-  for (size_t first = 0; first < words.size(); first += kBatch) {
-    const std::span<const WordNumber> batch = words.subspan(first, std::min(kBatch, words.size() - first));
-    for (size_t i = 0; i < batch.size(); ++i) {
-      places[i] = next[lengths[batch[i]]]++;
+  // Of the whole lexicon the lengths are counted already, and the numbers need not be read again.
+  const bool whole = IsWholeLexicon(lexicon, words);
+  Counts counts;
+  if (whole) {
+    std::copy(lexicon.lengthCount().begin(), lexicon.lengthCount().end(), counts.begin());
+  } else {
+    counts = CountLengths(lexicon, words);
+  }
+  std::array<WordNumber*, kMaxWordLength + 1> next;  // Where the next word of each length belongs.
+  WordNumber* place = &sorted[0];
+  for (size_t step = 0; step <= kMaxWordLength; ++step) {
+    const size_t length = longestFirst ? kMaxWordLength - step : step;
+    next[length] = place;
+    place += counts[length];
+  }
+  const uint8_t* lengths = lexicon.Lengths();
+  const auto put = [&](WordNumber word) { *next[lengths[word]]++ = word; };
+  if (whole) {
+    for (WordNumber word = 1; word <= words.size(); ++word) {
+      put(word);
     }
-    for (size_t i = 0; i < batch.size(); ++i) {
-      out[places[i]] = batch[i];
-    }
+  } else {
+    std::for_each(words.begin(), words.end(), put);
   }
 }
 
