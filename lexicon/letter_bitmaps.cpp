@@ -2,15 +2,16 @@
 
 namespace quorvane {
 
-LetterBitmaps::LetterBitmaps(size_t words) : bits_((words / kGroupWords + 1) * kRows * kStride) {}
+// One group more, for that behind the one being read is fetched early.
+LetterBitmaps::LetterBitmaps(size_t words) : bits_((words / kGroupWords + 2) * kRows * kStride) {}
 
-LetterSet LetterBitmaps::Letters(size_t word) const {
-  LetterSet letters = 0;
-  for (unsigned row = 0; row < kRows; ++row) {
-    const uint64_t bits = Row(word, row)[word % kGroupWords / kBlockWords];
-    letters |= static_cast<LetterSet>(bits >> word % kBlockWords & 1) << row;
+uint32_t LetterBitmaps::Bits(size_t word, size_t firstRow, size_t rows) const {
+  uint32_t bits = 0;
+  for (size_t i = 0; i < rows; ++i) {
+    const uint64_t row = Row(word, firstRow + i)[word % kGroupWords / kBlockWords];
+    bits |= static_cast<uint32_t>(row >> word % kBlockWords & 1) << i;
   }
-  return letters;
+  return bits;
 }
 
 }  // namespace quorvane

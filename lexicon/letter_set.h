@@ -24,6 +24,13 @@ constexpr LetterSet LetterBit(char c) {
   return IsLetter(c) ? 1u << (static_cast<unsigned char>(c) & 31u) : kOtherCharacters;
 }
 
+inline constexpr unsigned kLetterNumberBits = 5;
+
+// 1 for "a" or "A" to 26 for "z" or "Z"; that of another character means nothing.
+constexpr uint32_t LetterNumber(char letter) {
+  return static_cast<unsigned char>(letter) & 31u;
+}
+
 constexpr LetterSet LetterSetOf(std::string_view text) {
   LetterSet set = 0;
   for (const char c : text) {

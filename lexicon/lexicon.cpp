@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <vector>
 
 #include "base/file.h"
 #include "base/text.h"
@@ -17,9 +18,11 @@ constexpr int kMaxRuns = 26;
 constexpr size_t kChunk = LoadKernel::kFetchAhead;  // Bytes of text that are turned into words together.
 // Lines of one character, and the end of one from before.
 constexpr size_t kMostWordsOfChunk = kChunk / 2 + 1;
-// Lines that may be found past the most that can become words, before that is noticed, and entries written behind them.
-constexpr size_t kMostLinesBehind = kChunk + 32;
+// Lines that end in a chunk, and entries that are written behind them. So many may be measured past the most that can
+// be words, before an empty one is noticed.
+constexpr size_t kMostLinesOfChunk = kChunk + 32;
 constexpr size_t kReportEvery = size_t{1} << 20;  // Bytes of text between two reports of progress.
+static_assert(WordStarts::kGroup * (kMaxWordLength + 2) < WordStarts::kMostApart);
 
 }  // namespace
 
@@ -38,6 +41,7 @@ class LexiconLoader {
  public:
   LexiconLoader(int32_t capacity, TextSource source, const std::function<void(int)>& progress, VectorWidth vectors)
       : kernel_(LoadKernelFor(vectors)),
+        lineStarts_(kMostLinesOfChunk + Lexicon::kArrayPadding),
         letters_(kMostWordsOfChunk, kernel_),
         capacity_(capacity),
         source_(source),
@@ -60,8 +64,8 @@ class LexiconLoader {
     }
     // A word has a character and a line end, but for the last: more lines than that are an error or over the capacity.
     mostWords_ = std::min<size_t>(size_ / 2 + 1, static_cast<size_t>(capacity_));
-    const size_t entries = mostWords_ + kMostLinesBehind + Lexicon::kArrayPadding;
-    lexicon_->starts_ = BigBuffer<uint32_t>(entries);
+    const size_t entries = mostWords_ + kMostLinesOfChunk + Lexicon::kArrayPadding;
+    lexicon_->starts_ = WordStarts(entries);
     lexicon_->lengths_ = BigBuffer<uint8_t>(entries);
     lexicon_->letters_ = LetterBitmaps(entries);
     if (!Index()) {
@@ -127,36 +131,38 @@ class LexiconLoader {
   // The text is taken in chunks that stay in the nearest caches: first the chunk's lines are found, then the words they
   // make are measured and checked, at last their letters are collected.
   bool Index() {
-    size_t lines = 0;  // Lines that end before `chunk`; each is followed by its successor's start.
+    size_t lines = 0;  // Lines that end before `chunk`.
     for (size_t chunk = 0; chunk < size_; chunk += kChunk) {
       if (chunk % kReportEvery == 0 && progress_) {
         progress_(static_cast<int>(100 * chunk / size_));
       }
       const size_t end = std::min(chunk + kChunk, size_);
-      const size_t before = lines;
-      // Line 1 starts at 0; what is found is where the line behind starts.
       LoadKernel::Facts facts;
-      lines += kernel_.findLines(lexicon_->text_.data(), chunk, end, static_cast<char>(previousFirst_),
-                                 &lexicon_->starts_[lines + 2], facts);
+      size_t found = kernel_.findLines(lexicon_->text_.data(), chunk, end, static_cast<char>(previousFirst_),
+                                       &lineStarts_[1], facts);
       mayFold_ = mayFold_ || facts.mayFold;
       if (end == size_ && lexicon_->text_[size_ - 1] != '\n') {
-        lexicon_->starts_[++lines + 1] = static_cast<uint32_t>(size_ + 1);
+        lineStarts_[++found] = static_cast<uint32_t>(size_ + 1);
       }
-      if (lines > before && !AddWords(facts, before + 1, lines)) {
+      if (found > 0 && !AddWords(facts, lines + 1, lines + found)) {
         return false;
       }
+      lines += found;
+      lineStarts_[0] = lineStarts_[found];
     }
     return true;
   }
 
-  // Makes words of the lines `first` to `last`, up to the capacity.
+  // Makes words of the lines `first` to `last`, up to the capacity; these start where `lineStarts_` says.
   bool AddWords(const LoadKernel::Facts& facts, size_t first, size_t last) {
     const size_t lastWord = std::min(last, static_cast<size_t>(capacity_));
+    // Behind a line that is too long they are wrong, but never asked for.
+    lexicon_->starts_.Write(first, lineStarts_.data(), lastWord + 2 - first);
     if (!MeasureAlike(facts, first, lastWord) && !MeasureWords(first, lastWord)) {
       return false;
     }
     lexicon_->count_ = static_cast<int32_t>(lastWord);
-    letters_.Add(lexicon_->text_.data(), lexicon_->starts_.data(), lexicon_->lengths_.data(), first, lastWord,
+    letters_.Add(lexicon_->text_.data(), lineStarts_.data(), &lexicon_->lengths_[first], first, lastWord,
                  lexicon_->letters_);
     full_ = last > lastWord;
     if (full_) {
@@ -169,7 +175,7 @@ class LexiconLoader {
   // The words of a sorted list begin as the one before, but for a few, and their lines end alike: then they are
   // measured without a question to each.
   bool MeasureAlike(const LoadKernel::Facts& facts, size_t first, size_t last) {
-    const uint32_t* starts = &lexicon_->starts_[first];
+    const uint32_t* starts = lineStarts_.data();
     uint8_t* lengths = &lexicon_->lengths_[first];
     const size_t count = last + 1 - first;
     // The last line may have no end.
@@ -187,12 +193,11 @@ class LexiconLoader {
 
   bool MeasureWords(size_t first, size_t last) {
     const char* text = lexicon_->text_.data();
-    const uint32_t* starts = lexicon_->starts_.data();
     uint8_t* lengths = lexicon_->lengths_.data();
     Lexicon::LengthCount& lengthCount = lexicon_->lengthCount_;
     for (size_t number = first; number <= last; ++number) {
-      const size_t start = starts[number];
-      const size_t end = starts[number + 1] - size_t{1};
+      const size_t start = lineStarts_[number - first];
+      const size_t end = lineStarts_[number - first + 1] - size_t{1};
       const size_t length = end - start - (end > start && text[end - 1] == '\r' ? 1u : 0u);
       if (length - 1 >= kMaxWordLength) [[unlikely]] {
         return BadLength(number, length);
@@ -301,6 +306,7 @@ class LexiconLoader {
   }
 
   const LoadKernel& kernel_;
+  std::vector<uint32_t> lineStarts_;  // Of the lines that end in the chunk, and of the one behind.
   LetterCollector letters_;
   const int32_t capacity_;
   const TextSource source_;

@@ -1,7 +1,8 @@
 // The lexicon: every word of one file in memory, with what a search looks at first.
 //
 // The file's bytes stand in one block. Per word, numbered from 1 in the file's order, two arrays say where it starts in
-// the block and how long it is, and bitmaps say which letters it holds. Entry 0 is an empty word that is never used.
+// the block and how long it is, and bitmaps say which letters it holds and with which it ends. Entry 0 is an empty word
+// that is never used.
 #pragma once
 
 #include <array>
@@ -16,6 +17,7 @@
 #include "base/run_time_error.h"
 #include "base/vector_width.h"
 #include "lexicon/letter_bitmaps.h"
+#include "lexicon/word_starts.h"
 
 namespace quorvane {
 
@@ -48,12 +50,11 @@ class Lexicon {
   // Whether each word, as compared, stands behind the one before it or equals it, by character codes. Found out when it
   // is asked for first, by a look at every word.
   bool sorted() const;
-  LetterSet Letters(WordNumber number) const { return letters_.Letters(number); }
 
   // The arrays themselves, for the passes that look at every word.
   const char* Text() const { return text_.data(); }
   const char* FoldedText() const { return folds_ ? folded_.data() : text_.data(); }
-  const uint32_t* Starts() const { return starts_.data(); }
+  const WordStarts& Starts() const { return starts_; }  // Of the line behind the last word's, too.
   const uint8_t* Lengths() const { return lengths_.data(); }
   const LetterBitmaps& Bitmaps() const { return letters_; }
 
@@ -67,7 +68,7 @@ class Lexicon {
   BigBuffer<char> text_;
   BigBuffer<char> folded_;  // The text in lower case; used only when some character folds.
   bool folds_ = false;
-  BigBuffer<uint32_t> starts_;
+  WordStarts starts_;
   BigBuffer<uint8_t> lengths_;
   LetterBitmaps letters_;
   int32_t count_ = 0;

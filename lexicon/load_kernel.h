@@ -38,11 +38,16 @@ struct LoadKernel {
   // Writes which of `count` words are longer than a head, and up to 16 entries behind the last. Gives their number. The
   // lengths are read up to the next multiple of kBlock.
   size_t (*findLong)(const uint8_t* lengths, size_t count, uint32_t* longWords);
-  // The sets of the first kHead characters of `count` words, of which word i starts at `text + starts[i]`. Of the text
-  // kHead bytes from each start on are read. The arrays are read and written up to the next multiple of kWordsAtOnce.
-  void (*setsOfHeads)(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets);
-  // For each bit of a set a number with that bit of all 64 sets, at `rows`, `rows + stride` and so on.
-  void (*bitmapsOf64)(const LetterSet* sets, uint64_t* rows, size_t stride);
+  // Of the first kHead characters of `count` words, of which word i starts at `text + starts[i]`: the letter sets, and
+  // which of them are the word's last ones, the last in the lowest byte of a number, 0 for each that lies elsewhere. Of
+  // the text kHead bytes from each start on are read. The arrays are read and written up to the next multiple of
+  // kWordsAtOnce.
+  void (*collectHeads)(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets,
+                       uint32_t* lastCharacters);
+  // For each bit of a set, and of the letters' numbers in the last characters, the lowest first: a number with that bit
+  // of all 64 words, at `rows`, `rows + stride` and so on.
+  void (*bitmapsOfSets)(const LetterSet* sets, uint64_t* rows, size_t stride);
+  void (*bitmapsOfEndings)(const uint32_t* lastCharacters, uint64_t* rows, size_t stride);
 };
 
 // `width` is no wider than the machine's.

@@ -3,6 +3,7 @@
 namespace quorvane {
 
 extern const LoadKernel kLoadKernelAvx2;
-const LoadKernel kLoadKernelAvx2{FindLines, Measure, FindLong, SetsOfHeads, BitmapsOf64};
+const LoadKernel kLoadKernelAvx2{
+    FindLines, Measure, FindLong, CollectHeads, BitmapsOf64<kSetBits>, BitmapsOf64<kEndingBits>};
 
 }  // namespace quorvane

@@ -3,6 +3,7 @@
 namespace quorvane {
 
 extern const LoadKernel kLoadKernelBase;
-const LoadKernel kLoadKernelBase{FindLines, Measure, FindLong, SetsOfHeads, BitmapsOf64};
+const LoadKernel kLoadKernelBase{
+    FindLines, Measure, FindLong, CollectHeads, BitmapsOf64<kSetBits>, BitmapsOf64<kEndingBits>};
 
 }  // namespace quorvane

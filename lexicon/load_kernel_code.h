@@ -11,6 +11,11 @@
 namespace quorvane {
 namespace {
 
+constexpr uint32_t kSetBits = kAllLetters | kOtherCharacters;
+// Of the last characters the letters' numbers.
+static_assert(LetterBitmaps::kEndingLetters == 3 && kLetterNumberBits == 5);
+constexpr uint32_t kEndingBits = 0x1F1F1F;
+
 #if defined(__AVX512BW__)
 
 #define QUORVANE_WIDE(operation) _mm512_##operation
@@ -227,13 +232,14 @@ Wide PartsOfSets(Wide text, Wide drop) {
 }
 
 // Of four vectors the parts in each lane, or-ed together, become four numbers.
-Wide Join(Wide a, Wide b, Wide c, Wide d) {
-  const Wide ab = QUORVANE_WIDE(unpacklo_epi32)(a, b) | QUORVANE_WIDE(unpackhi_epi32)(a, b);
-  const Wide cd = QUORVANE_WIDE(unpacklo_epi32)(c, d) | QUORVANE_WIDE(unpackhi_epi32)(c, d);
+Wide Join(const Wide (&of)[4]) {
+  const Wide ab = QUORVANE_WIDE(unpacklo_epi32)(of[0], of[1]) | QUORVANE_WIDE(unpackhi_epi32)(of[0], of[1]);
+  const Wide cd = QUORVANE_WIDE(unpacklo_epi32)(of[2], of[3]) | QUORVANE_WIDE(unpackhi_epi32)(of[2], of[3]);
   return QUORVANE_WIDE(unpacklo_epi64)(ab, cd) | QUORVANE_WIDE(unpackhi_epi64)(ab, cd);
 }
 
-void SetsOfHeads(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets) {
+void CollectHeads(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets,
+                  uint32_t* lastCharacters) {
   alignas(64) static constexpr uint8_t kPlaces[16] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
   alignas(64) static constexpr uint8_t kWords[4][16] = {
       {0},
@@ -243,27 +249,40 @@ void SetsOfHeads(const char* text, const uint32_t* starts, const uint8_t* length
   const auto bytes = [](char value) { return QUORVANE_WIDE(set1_epi8)(value); };
   const Wide places = Lane(_mm_load_si128(reinterpret_cast<const __m128i*>(kPlaces)));
   const Wide firstWords = Gather([](size_t lane) { return kWords[lane]; });
+  // Added to the length they are the places of the last characters. One in front of the word has the top bit, and one
+  // behind the head has it when it is lifted, which leaves alone the four bits that are looked up: nothing is found
+  // there.
+  const char no = -128;
+  const Wide fromLength = Lane(_mm_setr_epi8(-1, -2, -3, no, no, no, no, no, no, no, no, no, no, no, no, no));
+  const Wide lifted = QUORVANE_WIDE(add_epi8)(fromLength, bytes(0x70));
   for (size_t i = 0; i < count; i += 4 * kLanes) {
     const Wide all = Lane(_mm_loadu_si128(reinterpret_cast<const __m128i*>(lengths + i)));
-    // Lane by lane the words `from`, `from + 4` and so on.
-    const auto parts = [&](char from) {
-      const Wide heads = Gather([&](size_t lane) { return text + starts[i + static_cast<size_t>(from) + 4 * lane]; });
-      const Wide length = QUORVANE_WIDE(shuffle_epi8)(all, QUORVANE_WIDE(add_epi8)(firstWords, bytes(from)));
+    Wide partsOfSets[4];
+    Wide lasts[4];
+    // Lane by lane the words `k`, `k + 4` and so on.
+    for (size_t k = 0; k < 4; ++k) {
+      const Wide heads = Gather([&](size_t lane) { return text + starts[i + k + 4 * lane]; });
+      const Wide words = QUORVANE_WIDE(add_epi8)(firstWords, bytes(static_cast<char>(k)));
+      const Wide length = QUORVANE_WIDE(shuffle_epi8)(all, words);
       // All ones where nothing is left of the length.
       const Wide left = QUORVANE_WIDE(min_epu8)(QUORVANE_WIDE(subs_epu8)(length, places), bytes(1));
-      return PartsOfSets(heads, QUORVANE_WIDE(sub_epi8)(left, bytes(1)));
-    };
-    Store(sets + i, Join(parts(0), parts(1), parts(2), parts(3)));
+      partsOfSets[k] = PartsOfSets(heads, QUORVANE_WIDE(sub_epi8)(left, bytes(1)));
+      const Wide last = QUORVANE_WIDE(add_epi8)(length, fromLength) | QUORVANE_WIDE(adds_epu8)(length, lifted);
+      lasts[k] = QUORVANE_WIDE(shuffle_epi8)(heads, last);
+    }
+    Store(sets + i, Join(partsOfSets));
+    Store(lastCharacters + i, Join(lasts));
   }
 }
 
-void BitmapsOf64(const LetterSet* sets, uint64_t* rows, size_t stride) {
-  constexpr size_t kVectors = 4 / kLanes;  // That hold a byte of each of 64 sets.
+template <uint32_t Bits>
+void BitmapsOf64(const uint32_t* numbers, uint64_t* rows, size_t stride) {
+  constexpr size_t kVectors = 4 / kLanes;  // That hold a byte of each of 64 numbers.
   const Wide together = Lane(_mm_setr_epi8(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15));
-  Wide planes[4][kVectors];  // By byte of the set.
+  Wide planes[4][kVectors];  // By byte of the number.
   for (size_t i = 0; i < kVectors; ++i) {
     const auto four = [&](size_t from) {
-      const LetterSet* first = sets + 16 * kLanes * i + from;
+      const uint32_t* first = numbers + 16 * kLanes * i + from;
       return QUORVANE_WIDE(shuffle_epi8)(Gather([&](size_t lane) { return first + 16 * lane; }), together);
     };
     const Wide low01 = QUORVANE_WIDE(unpacklo_epi32)(four(0), four(4));
@@ -275,19 +294,17 @@ void BitmapsOf64(const LetterSet* sets, uint64_t* rows, size_t stride) {
     planes[2][i] = QUORVANE_WIDE(unpacklo_epi64)(high01, high23);
     planes[3][i] = QUORVANE_WIDE(unpackhi_epi64)(high01, high23);
   }
-  for (size_t byte = 0; byte < 4; ++byte) {
-    Wide plane[kVectors];
-    for (size_t i = 0; i < kVectors; ++i) {
-      plane[i] = planes[byte][i];
-    }
-    for (size_t row = 8 * byte + 8; row-- > 8 * byte;) {
-      uint64_t bits = 0;
+  uint64_t* row = rows + __builtin_popcount(Bits) * stride;
+  for (size_t byte = 4; byte-- > 0;) {
+    for (size_t bit = 8; bit-- > 0;) {
+      uint64_t ones = 0;
       for (size_t i = 0; i < kVectors; ++i) {
-        bits |= TopBits(plane[i]) << (16 * kLanes * i);
-        plane[i] = QUORVANE_WIDE(add_epi8)(plane[i], plane[i]);
+        ones |= TopBits(planes[byte][i]) << (16 * kLanes * i);
+        planes[byte][i] = QUORVANE_WIDE(add_epi8)(planes[byte][i], planes[byte][i]);
       }
-      if (row < LetterBitmaps::kRows) {
-        rows[row * stride] = bits;
+      if ((Bits >> (8 * byte + bit) & 1u) != 0) {
+        row -= stride;
+        *row = ones;
       }
     }
   }
@@ -318,21 +335,29 @@ size_t FindLong(const uint8_t* lengths, size_t count, uint32_t* longWords) {
   return found;
 }
 
-void SetsOfHeads(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets) {
+void CollectHeads(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets,
+                  uint32_t* lastCharacters) {
   for (size_t i = 0; i < count; ++i) {
     sets[i] = 0;
+    lastCharacters[i] = 0;
     for (size_t k = 0; k < lengths[i] && k < LoadKernel::kHead; ++k) {
-      sets[i] |= LetterBit(text[starts[i] + k]);
+      const char c = text[starts[i] + k];
+      const size_t fromEnd = lengths[i] - 1 - k;
+      sets[i] |= LetterBit(c);
+      lastCharacters[i] |=
+          fromEnd < LetterBitmaps::kEndingLetters ? static_cast<uint32_t>(static_cast<uint8_t>(c)) << (8 * fromEnd) : 0;
     }
   }
 }
 
-void BitmapsOf64(const LetterSet* sets, uint64_t* rows, size_t stride) {
-  for (size_t row = 0; row < LetterBitmaps::kRows; ++row) {
-    rows[row * stride] = 0;
+template <uint32_t Bits>
+void BitmapsOf64(const uint32_t* numbers, uint64_t* rows, size_t stride) {
+  for (uint32_t bits = Bits; bits != 0; bits &= bits - 1) {
+    *rows = 0;
     for (size_t i = 0; i < 64; ++i) {
-      rows[row * stride] |= static_cast<uint64_t>(sets[i] >> row & 1) << i;
+      *rows |= static_cast<uint64_t>(numbers[i] >> __builtin_ctz(bits) & 1) << i;
     }
+    rows += stride;
   }
 }
 

@@ -58,6 +58,13 @@ void WordFilter::Narrow(const WordFilter& other) {
   }
   care |= other.care;
   want |= other.want;
+  for (size_t i = 0; i < ending.size(); ++i) {
+    if (ending[i] != 0 && other.ending[i] != 0 && ending[i] != other.ending[i]) {
+      shortest = 1;
+      longest = 0;
+    }
+    ending[i] = ending[i] != 0 ? ending[i] : other.ending[i];
+  }
 }
 
 namespace {
@@ -67,10 +74,18 @@ class Questions {
  public:
   Questions(const Lexicon& lexicon, const WordFilter& filter, WordNumber chunk)
       : filter_(filter), lengths_(lexicon.Lengths() + chunk) {
-    // Those come first that drop the most words: the letters that are seldom wanted, or often there but forbidden.
+    // Those come first that drop the most words: the letters of the ending, which need not be asked for again, then
+    // those that are seldom wanted, or often there but forbidden.
+    LetterSet wanted = filter.want;
+    for (size_t i = 0; i < filter.ending.size(); ++i) {
+      if (filter.ending[i] != 0) {
+        endings_[endingCount_++] = EndLetter(lexicon, chunk, i, filter.ending[i]);
+        wanted &= ~LetterBit(filter.ending[i]);
+      }
+    }
     constexpr std::string_view kSeldomFirst = "jqxzwkvfybhpmgudcltnosraie";
     for (const char c : kSeldomFirst) {
-      AddRow(lexicon, chunk, filter.want, c, 0);
+      AddRow(lexicon, chunk, wanted, c, 0);
     }
     std::for_each(kSeldomFirst.rbegin(), kSeldomFirst.rend(),
                   [&](char c) { AddRow(lexicon, chunk, filter.care & ~filter.want, c, ~uint64_t{0}); });
@@ -99,9 +114,15 @@ class Questions {
         survivors.Fill(last, last + 1, [&](size_t block) { return bitsOf(block) & lastBits; });
       }
     };
-    if (AskLength() && (rowCount_ == 0 || filter_.longest - filter_.shortest < kFewLengths)) {
+    if (AskLength() && (rowCount_ + endingCount_ == 0 || filter_.longest - filter_.shortest < kFewLengths)) {
       fill([this](size_t block) { return Length(block); });
+      NarrowByEnding(0, survivors);
       NarrowByRows(0, survivors);
+    } else if (endingCount_ > 0) {
+      fill([this](size_t block) { return endings_[0].Bits(block); });
+      NarrowByEnding(1, survivors);
+      NarrowByRows(0, survivors);
+      NarrowByLength(survivors);
     } else {
       // With two rows at once about every list of blocks that can become short is short.
       const size_t asked = std::min<size_t>(rowCount_, 2);
@@ -128,6 +149,7 @@ class Questions {
       return;
     }
     NarrowByLength(survivors);
+    NarrowByEnding(0, survivors);
     NarrowByRows(0, survivors);
     NarrowByBlanks(survivors);
   }
@@ -140,9 +162,34 @@ class Questions {
   struct Row {
     const uint64_t* bits;
     uint64_t turned;
-    uint64_t Bits(size_t block) const { return bits[block] ^ turned; }
+    // The same bits of the next group, too far away for the processor to foresee, are fetched meanwhile.
+    uint64_t Bits(size_t block) const {
+      FetchEarly(bits + block + LetterBitmaps::kRows * LetterBitmaps::kStride);
+      return bits[block] ^ turned;
+    }
   };
 
+  // The bitmaps of the number of a letter at the end.
+  struct EndRows {
+    std::array<Row, kLetterNumberBits> rows;
+    uint64_t Bits(size_t block) const {
+      uint64_t bits = ~uint64_t{0};
+      for (const Row& row : rows) {
+        bits &= row.Bits(block);
+      }
+      return bits;
+    }
+  };
+
+  static EndRows EndLetter(const Lexicon& lexicon, WordNumber chunk, size_t place, char letter) {
+    EndRows end;
+    for (size_t bit = 0; bit < kLetterNumberBits; ++bit) {
+      const size_t row = LetterBitmaps::kSetRows + place * kLetterNumberBits + bit;
+      const bool set = (LetterNumber(letter) >> bit & 1u) != 0;
+      end.rows[bit] = {lexicon.Bitmaps().Row(chunk, row), set ? 0 : ~uint64_t{0}};
+    }
+    return end;
+  }
   static const uint64_t* RowOf(const Lexicon& lexicon, WordNumber chunk, char letter) {
     return lexicon.Bitmaps().Row(chunk, static_cast<unsigned>(letter - 'a' + 1));
   }
@@ -157,6 +204,11 @@ class Questions {
       survivors.Narrow([this](size_t block, uint64_t bits) { return bits & Length(block); });
     }
   }
+  void NarrowByEnding(size_t from, Survivors& survivors) const {
+    for (size_t i = from; i < endingCount_; ++i) {
+      survivors.Narrow([&end = endings_[i]](size_t block, uint64_t bits) { return bits & end.Bits(block); });
+    }
+  }
   void NarrowByRows(size_t from, Survivors& survivors) const {
     for (size_t i = from; i < rowCount_; ++i) {
       survivors.Narrow([&row = rows_[i]](size_t block, uint64_t bits) { return bits & row.Bits(block); });
@@ -168,7 +220,7 @@ class Questions {
       return;
     }
     survivors.Narrow([this](size_t block, uint64_t bits) {
-      std::array<uint64_t, LetterBitmaps::kRows + 1> atLeast{~uint64_t{0}};
+      std::array<uint64_t, LetterBitmaps::kSetRows + 1> atLeast{~uint64_t{0}};
       for (size_t i = 0; i < forbiddenCount_; ++i) {
         for (size_t n = filter_.blanks + 1; n > 0; --n) {
           atLeast[n] |= atLeast[n - 1] & forbidden_[i][block];
@@ -180,9 +232,11 @@ class Questions {
 
   const WordFilter& filter_;
   const uint8_t* lengths_;
-  std::array<Row, LetterBitmaps::kRows> rows_;
+  std::array<Row, LetterBitmaps::kSetRows> rows_;
   size_t rowCount_ = 0;
-  std::array<const uint64_t*, LetterBitmaps::kRows> forbidden_;
+  std::array<EndRows, LetterBitmaps::kEndingLetters> endings_;
+  size_t endingCount_ = 0;
+  std::array<const uint64_t*, LetterBitmaps::kSetRows> forbidden_;
   size_t forbiddenCount_ = 0;
 };
 

@@ -12,15 +12,19 @@
 
 namespace quorvane {
 
-// What a word must fulfil to be looked at: `shortest` <= length <= `longest`, and of the letters in `care` exactly
-// those in `want`. With `blanks` above 0 as many letters of `forbidden` may occur as there are blanks.
+// What a word must fulfil to be looked at: `shortest` <= length <= `longest`, of the letters in `care` exactly those in
+// `want`, and the letters of `ending` at its end. With `blanks` above 0 as many letters of `forbidden` may occur as
+// there are blanks.
 struct WordFilter {
+  using Ending = std::array<char, LetterBitmaps::kEndingLetters>;
+
   unsigned shortest = 0;
   unsigned longest = kMaxWordLength;
   LetterSet care = 0;
   LetterSet want = 0;
   LetterSet forbidden = 0;  // Only with blanks; without them forbidden letters stand in `care` and not in `want`.
   unsigned blanks = 0;
+  Ending ending{};  // From the last letter to the front; 0: whatever.
 
   void Require(LetterSet letters) {
     care |= letters;

@@ -142,10 +142,10 @@ class Scan {
   // memory: their text is asked for before any of it is looked at.
   std::span<const uint32_t> Doubtful(size_t from) {
     const uint8_t* lengths = lexicon_.Lengths();
-    const uint32_t* starts = lexicon_.Starts();
+    const WordStarts& starts = lexicon_.Starts();
     size_t count = 0;
     for (size_t i = from; i < found_.size(); ++i) {
-      FetchEarly(starts + found_[i]);
+      starts.Fetch(found_[i]);
       doubtful_[count] = static_cast<uint32_t>(i);
       count += lengths[found_[i - 1]] == lengths[found_[i]] ? 1u : 0u;
     }

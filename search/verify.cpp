@@ -181,7 +181,7 @@ Verifier::Verifier(const PreparedPattern& prepared, const CharacterLists& lists,
 // Words that hold other characters than letters, and very long ones, are tried by the one definition of matching.
 template <class Test>
 void Verifier::Keep(const Lexicon& lexicon, Survivors& survivors, Test test) {
-  const uint32_t* starts = lexicon.Starts();
+  const WordStarts& starts = lexicon.Starts();
   const uint8_t* lengths = lexicon.Lengths();
   const uint64_t* others = lexicon.Bitmaps().Row(survivors.First(), 0);
   const char* text = lexicon.FoldedText();
@@ -209,14 +209,22 @@ void Verifier::Keep(const Lexicon& lexicon, Survivors& survivors, Test test) {
 
 void Verifier::Verify(const Lexicon& lexicon, Survivors& survivors) {
   const size_t wordsOfALook = plan_.mode == VerifyMode::Ends ? kWordsOfAShortLook : kWordsOfALook;
-  if (plan_.mode != VerifyMode::FilterDecides && textPass_.IsWorth(survivors, wordsOfALook)) {
+  if (textPass_.IsWorth(survivors, wordsOfALook)) {
     textPass_.Keep(lexicon, survivors, [this](std::string_view word) { return wordTest_.Accepts(word); });
     return;
   }
   const auto keep = [&](auto test) { Keep(lexicon, survivors, test); };
+  const auto ofAnything = [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); };
   switch (plan_.mode) {
     case VerifyMode::FilterDecides:
       break;
+    case VerifyMode::FilterDecidesLetters: {
+      const uint64_t* others = lexicon.Bitmaps().Row(survivors.First(), 0);
+      survivors.Narrow([&](size_t block, uint64_t bits) {
+        return (bits & ~others[block]) | Accepted(survivors.First(block), bits & others[block], ofAnything);
+      });
+      break;
+    }
     case VerifyMode::Ends:
       keep(EndsTest{plan_.positions});
       break;
@@ -236,10 +244,8 @@ void Verifier::Verify(const Lexicon& lexicon, Survivors& survivors) {
       keep(TilesTest{plan_.letterCounts, plan_.filter.blanks});
       break;
     case VerifyMode::WordByWord:
-      NarrowFetching(lexicon, lexicon.FoldedText(), survivors, [&](size_t block, uint64_t bits) {
-        return Accepted(survivors.First(block), bits,
-                        [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });
-      });
+      NarrowFetching(lexicon, lexicon.FoldedText(), survivors,
+                     [&](size_t block, uint64_t bits) { return Accepted(survivors.First(block), bits, ofAnything); });
       break;
   }
 }

@@ -132,6 +132,11 @@ void PlanMaker::MakePositions() {
       filter_.Require(LetterBit(c));
     }
   }
+  const std::string& end = prepared_.kind == PatternKind::NoAsterisk ? prefix : suffix;
+  for (size_t i = 0; i < std::min(end.size(), filter_.ending.size()); ++i) {
+    const char c = end[end.size() - 1 - i];
+    filter_.ending[i] = IsLetter(c) ? c : '\0';
+  }
   // Tiles are used up from left to right, and a character that stands for no letter at all concerns only words with
   // other characters: such patterns are tried word by word.
   const auto needsState = [this](char c) { return IsTile(c) || (!IsBoundDigit(c) && classes_.Of(c) == 0); };
@@ -156,7 +161,9 @@ void PlanMaker::MakePositions() {
                           return IsBoundDigit(c) || StandsFor(c) == Stands::AnyCharacter;
                         });
   plan_.mode = oneLetter || anything ? VerifyMode::FilterDecides : ModeOfPositions();
-  MakeTextQuestion();
+  if (plan_.mode > VerifyMode::FilterDecidesLetters) {
+    MakeTextQuestion();
+  }
 }
 
 // What digits stand for depends on the word: such patterns have no steps.
@@ -182,7 +189,9 @@ void PlanMaker::MakeTextQuestion() {
 
 VerifyMode PlanMaker::ModeOfPositions() const {
   if (positions_.OnlyFixed() && !positions_.hasMiddle) {
-    return VerifyMode::Ends;
+    const auto asked = std::popcount(positions_.prefix.places) + std::popcount(positions_.suffix.places);
+    const auto inEnding = std::count_if(filter_.ending.begin(), filter_.ending.end(), [](char c) { return c != 0; });
+    return asked == inEnding ? VerifyMode::FilterDecidesLetters : VerifyMode::Ends;
   }
   const bool runAnywhere = positions_.before == 0 && positions_.after == 0 && positions_.run.size != 0;
   return positions_.OnlyFixed() && runAnywhere ? VerifyMode::Run : VerifyMode::Positions;

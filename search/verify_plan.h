@@ -118,7 +118,8 @@ struct TextQuestion {
 // Which test decides; the dearer ones come later.
 enum class VerifyMode {
   FilterDecides,
-  Ends,  // Letters at the ends alone.
+  FilterDecidesLetters,  // Of words of letters; those with other characters are tried by themselves.
+  Ends,                  // Letters at the ends alone.
   LetterCounts,
   Tiles,  // What the letter counts do not allow takes a blank of the filter's each.
   OrderedLetters,

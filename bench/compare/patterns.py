@@ -14,10 +14,11 @@ EXACT_ANAGRAM = r"^(?!.*([eilnst]).*\1)[eilnst]{6}\r$"
 
 @dataclass(frozen=True)
 class Reads:
-    """What a search can't do without: a bit a word for each letter that it asks for, the lengths, and text, that of all
-    words or of those it finds; of the words with these initials, or of all."""
+    """What a search can't do without: a bit a word for each letter that it asks for, five for each of the last letters,
+    the lengths, and text, that of all words or of those it finds; of the words with these initials, or of all."""
 
     letters: int = 0
+    last_letters: int = 0
     lengths: bool = False
     text: str = "found"  # or "all" or "none"
     initials: str = ""
@@ -27,7 +28,8 @@ class Reads:
         words = sum(words_by_initial[initial] for initial in self.initials) if self.initials else total
         text = {"none": 0, "found": count, "all": words}[self.text] * file_bytes / total
         found_numbers = 4 * count
-        return (words * (self.letters / 8 + self.lengths) + text + found_numbers) / 1e6
+        bits = self.letters + 5 * self.last_letters
+        return (words * (bits / 8 + self.lengths) + text + found_numbers) / 1e6
 
 
 @dataclass(frozen=True)
@@ -38,7 +40,7 @@ class Pattern:
     type: str = "word"
     perl: tuple = ()  # the peers that need -P: rg for back-references, both for look-ahead
     masks_decide: bool = False  # a word's letters (and its length) decide the search
-    most_reads: float = 0  # only the text decides: the search may take so many times as long as reading it
+    most_reads: float = 0  # the search may take so many times as long as reading the text
 
     @property
     def name(self):
@@ -57,15 +59,15 @@ class Pattern:
 
 REPEATED = Pattern("1221", r"^(.)(.)\2\1\r$", Reads(lengths=True), perl=("rg",))
 PART = Pattern("*ell*", "ell", Reads(text="all"), most_reads=2.5)
-UN_ABLE = Pattern("un*able", r"^un.*able\r$", Reads(letters=6, initials="u"))
+UN_ABLE = Pattern("un*able", r"^un.*able\r$", Reads(letters=3, last_letters=3, initials="u"))
 
 PATTERNS = [
     Pattern("c?t", r"^c.t\r$", Reads(lengths=True, initials="c")),
     Pattern("?a?e?", r"^.a.e.\r$", Reads(lengths=True)),
-    Pattern("*ing", r"ing\r$", Reads(text="all"), most_reads=2.5),
+    Pattern("*ing", r"ing\r$", Reads(last_letters=3, text="none"), most_reads=2.5),
     UN_ABLE,
     PART,
-    Pattern("s*t*r", r"^s.*t.*r\r$", Reads(text="all", initials="s")),
+    Pattern("s*t*r", r"^s.*t.*r\r$", Reads(letters=1, last_letters=1, text="none", initials="s")),
     REPEATED,
     Pattern(
         "@$@$@", rf"^{VOWEL}{CONSONANT}{VOWEL}{CONSONANT}{VOWEL}\r$", Reads(lengths=True, initials="aeiou")

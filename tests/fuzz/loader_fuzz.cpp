@@ -48,7 +48,15 @@ void Compare(const std::vector<std::string>& lines, size_t capacity, const LoadR
     const auto number = static_cast<WordNumber>(i + 1);
     Demand(lexicon.Word(number) == lines[i], "the word is the line");
     Demand(lexicon.FoldedWord(number) == FoldText(lines[i]), "the folded word");
-    Demand(lexicon.Letters(number) == LetterSetOf(lines[i]), "the letters of the word");
+    Demand(lexicon.Bitmaps().Letters(number) == LetterSetOf(lines[i]), "the letters of the word");
+    uint32_t ending = 0;
+    uint32_t others = 0;  // Where no letter stands in it.
+    for (const char c : lines[i]) {
+      const bool letter = IsLetter(c);
+      ending = (ending << kLetterNumberBits | (letter ? LetterNumber(c) : 0)) % (1u << LetterBitmaps::kEndingRows);
+      others = (others << kLetterNumberBits | (letter ? 0 : 31u)) % (1u << LetterBitmaps::kEndingRows);
+    }
+    Demand((lexicon.Bitmaps().Ending(number) & ~others) == ending, "the letters at the word's end");
     ++lengths[lines[i].size()];
     if (i == 0 || Fold(lines[i][0]) != Fold(lines[i - 1][0])) {
       lastBefore[static_cast<unsigned char>(Upper(lines[i][0]))] = static_cast<int32_t>(i);

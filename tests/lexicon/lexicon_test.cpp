@@ -100,6 +100,11 @@ TEST(Lexicon, FailuresAreDecidedInOrder) {
   const std::string unsortedBox = "Word list is not sorted alphabetically.  You must sort it or use another list";
   const std::string problemBox =
       "There appears to be a problem with the Lexicon file, specifically at the following point:";
+  std::string fullChunk;
+  for (int line = 0; line < 8382; ++line) {
+    fullChunk += std::string(line < 190 ? 85 : line == 190 ? 44 : 1, 'a') + "\n";
+  }
+  fullChunk += "a";
   const struct {
     const char* name;
     std::string bytes;
@@ -112,8 +117,12 @@ TEST(Lexicon, FailuresAreDecidedInOrder) {
       {"empty file", "", 99, LoadOutcome::ListError, 62, 0, ""},
       {"empty first line", "\r\nab\r\n", 99, LoadOutcome::ListError, 5, 1, ""},
       {"empty line", "ab\r\n\r\ncd\r\n", 99, LoadOutcome::ListError, 5, 2, ""},
+      {"line ends alone", std::string(10'000, '\n'), 20'000, LoadOutcome::ListError, 5, 1, ""},
       {"90 characters", longWord.substr(1) + "\r\n", 99, LoadOutcome::Ok, 0, 1, longWord.substr(1)},
       {"91 characters", "ab\r\n" + longWord + "\r\nac\r\n", 99, LoadOutcome::ListError, 9, 2, longWord},
+      {"a line longer than what is looked at together", "ab\n" + std::string(40'000, 'a'), 999, LoadOutcome::ListError,
+       9, 2, std::string(200, 'a')},
+      {"a full chunk from the last word of a block on", fullChunk, 9999, LoadOutcome::Ok, 0, 8383, "a"},
       {"digit first", "ab\r\n1st\r\nc\r\n", 99, LoadOutcome::ListError, 9, 2, "1st"},
       {"before A", "@a\r\n", 99, LoadOutcome::ListError, 9, 1, "@a"},
       {"after the underscore", "z\r\n`a\r\n", 99, LoadOutcome::ListError, 9, 2, "`a"},
@@ -258,11 +267,16 @@ TEST(Lexicon, AgreesWithAPlainReader) {
       ASSERT_EQ(lexicon.Word(number), lines[number - 1]);
       ASSERT_EQ(lexicon.FoldedWord(number), FoldText(lines[number - 1]));
       LetterSet letters = 0;
+      uint32_t ending = 0;
+      uint32_t others = 0;  // Where no letter stands in it.
       for (const char c : lines[number - 1]) {
         const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
         letters |= letter ? 1u << (Fold(c) - 'a' + 1) : 1u;
+        ending = (ending << 5 | (letter ? static_cast<uint32_t>(Fold(c) - 'a' + 1) : 0)) & 0x7FFF;
+        others = (others << 5 | (letter ? 0 : 31u)) & 0x7FFF;
       }
-      ASSERT_EQ(lexicon.Letters(number), letters) << lines[number - 1];
+      ASSERT_EQ(lexicon.Bitmaps().Letters(number), letters) << lines[number - 1];
+      ASSERT_EQ(lexicon.Bitmaps().Ending(number) & ~others, ending) << lines[number - 1];
     }
   }
   for (const auto outcome : {LoadOutcome::Ok, LoadOutcome::Capacity, LoadOutcome::NotSorted,
