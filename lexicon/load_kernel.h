@@ -39,9 +39,9 @@ struct LoadKernel {
   // lengths are read up to the next multiple of kBlock.
   size_t (*findLong)(const uint8_t* lengths, size_t count, uint32_t* longWords);
   // Of the first kHead characters of `count` words, of which word i starts at `text + starts[i]`: the letter sets, and
-  // which of them are the word's last ones, the last in the lowest byte of a number, 0 for each that lies elsewhere. Of
-  // the text kHead bytes from each start on are read. The arrays are read and written up to the next multiple of
-  // kWordsAtOnce.
+  // those of them that are among the word's last three, the last of all in the lowest byte of a number; 0 stands for
+  // one that is not among the first kHead. Of the text kHead bytes from each start on are read. The arrays are read and
+  // written up to the next multiple of kWordsAtOnce.
   void (*collectHeads)(const char* text, const uint32_t* starts, const uint8_t* lengths, size_t count, LetterSet* sets,
                        uint32_t* lastCharacters);
   // For each bit of a set, and of the letters' numbers in the last characters, the lowest first: a number with that bit

@@ -52,18 +52,16 @@ void WordFilter::Allow(LetterSet allowed, unsigned blankTiles) {
 void WordFilter::Narrow(const WordFilter& other) {
   shortest = std::max(shortest, other.shortest);
   longest = std::min(longest, other.longest);
-  if ((care & other.care & (want ^ other.want)) != 0) {
-    shortest = 1;
-    longest = 0;
-  }
+  bool possible = (care & other.care & (want ^ other.want)) == 0;
   care |= other.care;
   want |= other.want;
   for (size_t i = 0; i < ending.size(); ++i) {
-    if (ending[i] != 0 && other.ending[i] != 0 && ending[i] != other.ending[i]) {
-      shortest = 1;
-      longest = 0;
-    }
+    possible = possible && (ending[i] == 0 || other.ending[i] == 0 || ending[i] == other.ending[i]);
     ending[i] = ending[i] != 0 ? ending[i] : other.ending[i];
+  }
+  if (!possible) {
+    shortest = 1;
+    longest = 0;
   }
 }
 

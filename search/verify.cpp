@@ -178,6 +178,10 @@ Verifier::Verifier(const PreparedPattern& prepared, const CharacterLists& lists,
       textPass_(plan_.text, vectors),
       wordTest_(prepared, lists) {}
 
+uint64_t Verifier::Tried(const Lexicon& lexicon, WordNumber first, uint64_t bits) {
+  return Accepted(first, bits, [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); });
+}
+
 // Words that hold other characters than letters, and very long ones, are tried by the one definition of matching.
 template <class Test>
 void Verifier::Keep(const Lexicon& lexicon, Survivors& survivors, Test test) {
@@ -196,12 +200,11 @@ void Verifier::Keep(const Lexicon& lexicon, Survivors& survivors, Test test) {
     }
     return length <= 32 ? test.template Accepts<2>(word, length) : test.template Accepts<4>(word, length);
   };
-  const auto ofAnything = [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); };
   NarrowFetching(lexicon, text, survivors, [&](size_t block, uint64_t bits) {
     const WordNumber first = survivors.First(block);
     uint64_t kept = Accepted(first, bits & ~others[block], ofLetters);
     if ((bits & others[block]) != 0) [[unlikely]] {
-      kept |= Accepted(first, bits & others[block], ofAnything);
+      kept |= Tried(lexicon, first, bits & others[block]);
     }
     return kept;
   });
@@ -214,14 +217,13 @@ void Verifier::Verify(const Lexicon& lexicon, Survivors& survivors) {
     return;
   }
   const auto keep = [&](auto test) { Keep(lexicon, survivors, test); };
-  const auto ofAnything = [&](WordNumber number) { return wordTest_.Accepts(lexicon.FoldedWord(number)); };
   switch (plan_.mode) {
     case VerifyMode::FilterDecides:
       break;
     case VerifyMode::FilterDecidesLetters: {
       const uint64_t* others = lexicon.Bitmaps().Row(survivors.First(), 0);
       survivors.Narrow([&](size_t block, uint64_t bits) {
-        return (bits & ~others[block]) | Accepted(survivors.First(block), bits & others[block], ofAnything);
+        return (bits & ~others[block]) | Tried(lexicon, survivors.First(block), bits & others[block]);
       });
       break;
     }
@@ -245,7 +247,7 @@ void Verifier::Verify(const Lexicon& lexicon, Survivors& survivors) {
       break;
     case VerifyMode::WordByWord:
       NarrowFetching(lexicon, lexicon.FoldedText(), survivors,
-                     [&](size_t block, uint64_t bits) { return Accepted(survivors.First(block), bits, ofAnything); });
+                     [&](size_t block, uint64_t bits) { return Tried(lexicon, survivors.First(block), bits); });
       break;
   }
 }

@@ -27,6 +27,8 @@ class Verifier {
   void Verify(const Lexicon& lexicon, Survivors& survivors);
 
  private:
+  // Of the words of a block, `first` with bit 0, those that fit by the one definition of matching.
+  uint64_t Tried(const Lexicon& lexicon, WordNumber first, uint64_t bits);
   template <class Test>
   void Keep(const Lexicon& lexicon, Survivors& survivors, Test test);
 
